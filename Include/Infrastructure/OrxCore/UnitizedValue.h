@@ -25,6 +25,10 @@ class UnitDescriptor {
 public:
     UnitDescriptor(std::string name, std::string abbreviation);
     UnitDescriptor(std::string name, std::string abbreviation, UnitDimension dimension, double factor);
+    // For units whose zero is not the zero of their base (degrees Celsius,
+    // logarithms of a prefixed unit): base value = x * factor + offset.
+    UnitDescriptor(std::string name, std::string abbreviation, UnitDimension dimension, double factor,
+                   double offset);
     virtual ~UnitDescriptor() = default;
 
     virtual std::shared_ptr<UnitDescriptor> MakeCopy() const;
@@ -35,7 +39,12 @@ public:
     // Base units are the SI units of each dimension.
     virtual double ConvertToBaseUnits(double x) const;
     virtual double ConvertFromBaseUnits(double x) const;
+    // No dimension, no scaling: "", "1", "Arb", "Count", "V/V"; "%" is not.
     virtual bool IsUnitless() const;
+
+    // Equality is physical: same dimension, factor and offset, whatever the
+    // spelling. Products and quotients compose the texts with "*" and "/" and
+    // drop any offset.
 
     bool operator==(const UnitDescriptor& other) const;
     bool operator!=(const UnitDescriptor& other) const { return !(*this == other); }
@@ -45,16 +54,19 @@ public:
     UnitDescriptor& operator/=(const UnitDescriptor& other);
 
     virtual bool IsDimensionallyEquivalent(const UnitDescriptor& other) const;
+    // Only meaningful between dimensionally equivalent units.
     virtual bool RequiresConversion(const UnitDescriptor& other) const;
 
     const UnitDimension& GetDimension() const { return dimension_; }
     double GetFactor() const { return factor_; }
+    double GetOffset() const { return offset_; }
 
 private:
     std::string name_;
     std::string abbreviation_;
     UnitDimension dimension_{};
     double factor_ = 1.0;  // value in base units of one of this unit
+    double offset_ = 0.0;
 };
 
 using UnitDescriptorPtr = std::shared_ptr<const UnitDescriptor>;
@@ -68,10 +80,12 @@ public:
     bool IsUnitDefined(const std::string& text) const;
     // Null when the text names no unit.
     UnitDescriptorPtr LookupUnit(const std::string& text) const;
-    // The standard unit of the dimension of the named unit ("nm" gives "Meters");
-    // null when the text names no unit.
+    // The standard unit of the dimension of the named unit ("nm" gives "Meters"):
+    // the first unit added with that dimension, factor 1 and no offset, or else
+    // one named by SI base symbols ("m*s^-1"); null when the text names no unit.
     UnitDescriptorPtr LookupDimensionallyEquivalentUnit(const std::string& text) const;
 
+    // A text already known keeps its first unit; empty texts are never known.
     void Add(UnitDescriptorPtr unit, std::initializer_list<const char*> furtherSpellings = {});
 
     UnitDictionary();
@@ -84,6 +98,7 @@ private:
 
 class UnitizedValueBase {
 public:
+    // The dictionary set last, or the standard units when none was set.
     static std::shared_ptr<UnitDictionary> GetGlobalDictionary();
     static void SetGlobalDictionary(std::shared_ptr<UnitDictionary> dictionary);
 
@@ -107,7 +122,10 @@ public:
 
     UnitizedValue();
     explicit UnitizedValue(T value);
-    UnitizedValue(T value, const std::string& unitText);  // raises XUnitNotFound
+    // Raises XUnitNotFound for a text the global dictionary does not know; an
+    // empty text makes a value without a unit, as the default does.
+    UnitizedValue(T value, const std::string& unitText);
+    // A null unit makes a value without a unit.
     UnitizedValue(T value, UnitDescriptorPtr unit);
     virtual ~UnitizedValue() = default;
     UnitizedValue(const UnitizedValue&) = default;
@@ -117,7 +135,9 @@ public:
     void SetValue(T value) { value_ = value; }
     const UnitDescriptorPtr& GetUnits() const { return unit_; }
 
-    // Converts in place; raises XUnitNotFound or XNoUnitConversion.
+    // Converts in place; raises XUnitNotFound or XNoUnitConversion. The
+    // value's own unit is looked up by its name, so a value without a unit
+    // cannot be converted.
     void ConvertTo(const std::string& unitText);
     // A converted copy.
     UnitizedValue ConvertedTo(const std::string& unitText) const;
