@@ -1,0 +1,53 @@
+#pragma once
+
+#include "QlDataAnalysisExt/Tef/TefByteReader.h"
+#include "QlDataAnalysisExt/Tef/TefDocument.h"
+#include "QlDataAnalysisExt/Tef/TefPixelConverter.h"
+
+#include <cstddef>
+#include <cstdint>
+
+// Walks a whole ".tef" file held in memory: note, document head, parameter
+// records, preview and channel sections, with the pixels converted.
+class TefWalker {
+public:
+    // Fills document from the file. A refusal raises std::runtime_error with
+    // its fixed text and leaves in document what was read before it.
+    static void Walk(const std::uint8_t* data, std::size_t size, TefDocument& document);
+
+private:
+    TefWalker(const std::uint8_t* data, std::size_t size, TefDocument& document);
+
+    void ReadNote();
+    void ReadDocumentHead();
+    void ReadPreview();
+
+    // TefWalkerParameters.cpp
+    void ReadParameters();
+    void ReadParameter(std::uint16_t id, std::uint16_t size);
+    bool ReadChannelGroupParameter(std::uint16_t id, std::uint16_t size, std::uint32_t at);
+    void ReadSourceParameter(std::uint16_t id, std::uint16_t size, std::uint32_t at);
+    void ReadUnit(std::size_t channel, std::uint16_t size);
+    void ReadZRange(std::size_t channel, std::uint16_t size);
+    void ReadChannelBits(std::size_t channel, std::uint16_t size);
+    void ReadRangeOrigin(std::size_t row, std::uint16_t size);
+    void ReadAuxiliary(std::size_t row, std::uint16_t size);
+    void ReadStoredName(std::size_t row, std::uint16_t size);
+    std::uint16_t WordValue(std::uint16_t size);
+    std::uint32_t DwordValue(std::uint16_t size);
+    double DoubleValue(std::uint16_t size);
+    template <class Change>
+    void ForAllChannels(Change change);
+
+    // TefWalkerChannels.cpp
+    void ReadChannelSections();
+    void ReadChannelSection(std::size_t index);
+    void ReadPixels(std::size_t index, TefChannelSection& section);
+
+    TefByteReader reader_;
+    TefDocument& document_;
+    TefPixelConverter converter_;
+    std::int64_t parameterEnd_ = 0;
+    std::uint64_t pixelBytesRead_ = 0;
+    std::size_t pixelStores_ = 0;
+};

@@ -1,0 +1,88 @@
+// The channel sections, one behind the other after the preview.
+
+#include "QlDataAnalysisExt/Tef/TefWalker.h"
+
+#include "QlDataAnalysisExt/Tef/TefChannelNames.h"
+#include "QlDataAnalysisExt/Tef/TefFormat.h"
+
+#include <new>
+#include <stdexcept>
+
+void TefWalker::ReadChannelSections()
+{
+    for (std::size_t index = 0; index < document_.channels.size(); ++index)
+        ReadChannelSection(index);
+}
+
+void TefWalker::ReadChannelSection(std::size_t index)
+{
+    using namespace TefFormat;
+    const auto start = static_cast<std::int64_t>(reader_.Position());
+    TefChannelSection& section = document_.sections.emplace_back();
+    if (reader_.Word() != kChannelTag)
+        throw std::runtime_error(Message::kExpectingChannel);
+    const std::int32_t headerLength = reader_.Length();
+    section.type = reader_.Word();
+    section.subtype = reader_.Word();
+    section.lineDirectionCode = reader_.Word();
+    if (index < document_.channelTable.size()) {
+        document_.channelTable[index].type = section.type;
+        document_.channelTable[index].subtype = section.subtype;
+    }
+    if (reader_.Word() != kRawDataSteps)
+        throw std::runtime_error(Message::kOnlyRawData);
+    // The header length places the image block, whatever the fields say.
+    reader_.Seek(start + kSectionHeadSize + headerLength);
+
+    if (reader_.Word() != kImageTag)
+        throw std::runtime_error(Message::kExpectingImage);
+    reader_.Skip(4 + kImageHeadSize);  // image length, image head
+    const TefChannelSettings& settings = document_.channels[index];
+    section.width = reader_.Word();
+    if (section.width != settings.width)
+        throw std::runtime_error(Message::kTwoWidths);
+    section.height = reader_.Word();
+    if (section.height != settings.height)
+        throw std::runtime_error(Message::kTwoHeights);
+    section.bytesPerPixel = reader_.Word();
+    if (section.bytesPerPixel != 2 && section.bytesPerPixel != 4)
+        throw std::runtime_error(Message::kPixelWidth);
+    reader_.Skip(4);  // reserved
+    ReadPixels(index, section);
+
+    document_.is16Bit = section.bytesPerPixel == 2;
+    section.displayName = TefChannelNames::Resolve(document_.channelTable, index);
+    section.lineDirection = section.lineDirectionCode == kForwardDirection ? kForward : kBackward;
+    section.complete = true;
+}
+
+void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
+{
+    const std::size_t count = static_cast<std::size_t>(section.width) * section.height;
+    section.dataSize = static_cast<std::uint64_t>(count) * section.bytesPerPixel;
+    // Nothing is allocated for pixels that the file does not hold.
+    if (section.dataSize > reader_.Remaining())
+        throw std::runtime_error(TefFormat::Message::kUnexpectedEnd);
+    const std::uint8_t* stored = reader_.Take(static_cast<std::size_t>(section.dataSize));
+    if (count == 0)
+        return;
+    // Sections lie one behind the other, so their pixels together fit in the
+    // file; header lengths that lead back would read the same pixels again.
+    pixelBytesRead_ += section.dataSize;
+    if (pixelBytesRead_ > reader_.Size())
+        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
+    try {
+        section.pixels.resize(count);
+    } catch (const std::bad_alloc&) {
+        // The channel goes without pixels; the next one that has pixels is
+        // then out of step and refused.
+        section.pixels = {};
+        return;
+    }
+    converter_.ConvertImage({stored, static_cast<std::size_t>(section.dataSize)}, section.width, section.height,
+                            section.bytesPerPixel, document_.channels[index].bitsInUse, section.pixels);
+    section.hasPixels = true;
+    ++pixelStores_;
+    if (pixelStores_ != index + 1)
+        throw std::runtime_error(TefFormat::Message::kDataMisaligned);
+}
