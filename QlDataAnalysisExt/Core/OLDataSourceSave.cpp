@@ -1,0 +1,62 @@
+// The common frame of saving; each family writes its own half through the
+// four saving templates.
+
+#include "QlDataAnalysisExt/Core/OLDataSource.h"
+
+#include "Platform/DataCore/DataFile.h"
+#include "Platform/Logger.h"
+#include "Platform/MemoryProbe.h"
+#include "Platform/UserMessage.h"
+
+void OLDataSource::ProbeSaveMemory() const {
+    std::vector<std::size_t> blocks;
+    for (int c = 0; c < numberOfChannels && static_cast<std::size_t>(c) < items.size(); ++c) {
+        blocks.push_back(static_cast<std::size_t>(items[static_cast<std::size_t>(c)].GetDataSize()) * 4 + 80960);
+    }
+    Orx::Core::ProbeMemory(blocks);
+}
+
+bool OLDataSource::SaveAs(const std::string& path, bool flag) {
+    // A failed save leaves the source as it was: what the writers change on
+    // the way (offsets, lengths) is put back.
+    const std::vector<OLDataItem> keptItems = items;
+    const std::uint32_t keptLength = dataLength;
+    try {
+        ProbeSaveMemory();
+        DataFilePtr file = CreateDataFile(path);
+        if (!file) {
+            Orx::Core::LogManager::Instance()
+                .GetLogger("DataAnalysis.OLDataSource")
+                ->Log(2, "OLDataSource::SaveAs DataFile::Open failed");
+            return false;
+        }
+        if (!file->IsOpen()) {
+            Orx::Core::ShowUserMessage("Unable to modify this file, please save to another name.");
+            return false;
+        }
+        if (dataFile) {
+            file->CopyFrom(*dataFile);
+        }
+        WriteDataFile(file, flag);
+        file->Close();
+        return true;
+    } catch (...) {
+        items = keptItems;
+        dataLength = keptLength;
+        Orx::Core::ShowUserMessage("Cannot save as another file, out of memory. ");
+        return false;
+    }
+}
+
+DataFilePtr OLDataSource::SaveToDataFile(const std::string& path, bool flag) {
+    ProbeSaveMemory();
+    DataFilePtr file = CreateDataFile(path);
+    if (!file) {
+        return file;
+    }
+    if (dataFile) {
+        file->CopyFrom(*dataFile);
+    }
+    WriteDataFile(file, flag);
+    return file;
+}
