@@ -46,6 +46,8 @@ std::int32_t Scaled(std::uint32_t raw, double m)
     return FromLow16(static_cast<std::uint64_t>(truncated));
 }
 
+constexpr std::size_t kTableWorthPixels = 16384;
+
 bool FitsImage(std::size_t available, std::size_t width, std::size_t height, std::size_t bytesEach)
 {
     if (width == 0 || height == 0)
@@ -86,20 +88,21 @@ bool TefPixelConverter::ConvertImage(std::span<const std::uint8_t> stored, std::
         return false;
     const std::size_t rowBytes = width * bytesPerPixel;
     const double m = FullSpan(bitsInUse);
-    const std::vector<std::int16_t>* table =
-        (bytesPerPixel == 2 && bitsInUse != 16) ? &WordTable(bitsInUse) : nullptr;
+    // A table pays for itself only over an image larger than it is.
+    const bool tabled = bytesPerPixel == 2 && bitsInUse != 16 && width * height >= kTableWorthPixels;
+    const std::vector<std::int16_t>* table = tabled ? &WordTable(bitsInUse) : nullptr;
     for (std::size_t row = 0; row < height; ++row) {
         const std::uint8_t* in = stored.data() + row * rowBytes;
         std::int32_t* out = values.data() + (height - 1 - row) * width;
-        if (bytesPerPixel == 4) {
-            for (std::size_t x = 0; x < width; ++x)
-                out[x] = Scaled(StoredPixel(in + 4 * x, 4), m);
-        } else if (table) {
+        if (table) {
             for (std::size_t x = 0; x < width; ++x)
                 out[x] = (*table)[StoredPixel(in + 2 * x, 2)];
-        } else {
+        } else if (bytesPerPixel == 2 && bitsInUse == 16) {
             for (std::size_t x = 0; x < width; ++x)
                 out[x] = FromLow16(StoredPixel(in + 2 * x, 2));
+        } else {
+            for (std::size_t x = 0; x < width; ++x)
+                out[x] = Scaled(StoredPixel(in + bytesPerPixel * x, bytesPerPixel), m);
         }
     }
     return true;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -91,6 +92,12 @@ TEST(TefPixelTest, ImageOfEveryWordMatchesTheRuleAtEachBitsInUse)
                 ++mismatches;
         }
         EXPECT_EQ(mismatches, 0) << "bits in use " << bits;
+
+        // a small image goes pixel by pixel instead: the first 32 rows
+        std::vector<std::int32_t> small(32 * 256);
+        ASSERT_TRUE(converter.ConvertImage(std::span(stored).first(small.size() * 2), 256, 32, 2, bits, small));
+        EXPECT_TRUE(std::equal(small.begin(), small.end(), values.end() - static_cast<std::ptrdiff_t>(small.size())))
+            << "bits in use " << bits;
     }
 }
 
