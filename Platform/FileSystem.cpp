@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -173,7 +174,26 @@ void AtomicFileWriter::Write(const void* data, std::size_t size) {
     position_ += size;
 }
 
+void AtomicFileWriter::Skip(std::uint64_t count) {
+    if (count == 0) {
+        return;
+    }
+    if (count > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()) - position_) {
+        throw FileException(describe("Cannot seek in", target_, EOVERFLOW), target_, EOVERFLOW, ORX_CODE_CONTEXT);
+    }
+    if (::lseek(fd_, static_cast<off_t>(count), SEEK_CUR) < 0) {
+        int err = errno;
+        throw FileException(describe("Cannot seek in", target_, err), target_, err, ORX_CODE_CONTEXT);
+    }
+    position_ += count;
+}
+
 void AtomicFileWriter::Commit() {
+    // A skip at the end leaves the file short of its position until it is extended.
+    if (::ftruncate(fd_, static_cast<off_t>(position_)) != 0) {
+        int err = errno;
+        throw FileException(describe("Cannot extend", target_, err), target_, err, ORX_CODE_CONTEXT);
+    }
     // Keep the permissions a new file would have had, not mkstemp's 0600.
     mode_t mask = ::umask(0);
     ::umask(mask);

@@ -77,6 +77,9 @@ public:
     AtomicFileWriter& operator=(const AtomicFileWriter&) = delete;
 
     void Write(const void* data, std::size_t size);
+    // Moves on by count bytes without writing them: they read as zeros, and
+    // a file system that can leaves a hole rather than storing them.
+    void Skip(std::uint64_t count);
     std::uint64_t Position() const { return position_; }
     void Commit();
 
