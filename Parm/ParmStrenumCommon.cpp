@@ -60,16 +60,10 @@ bool ParmStrenumCommon::SetIndexChecked(int i) {
 int ParmStrenumCommon::CopyText(std::string* buffer) const {
     const int i = GetIndex();
     const char* text = IsInList(i) ? texts[i] : nullptr;
-    if (text == nullptr) {
-        if (buffer != nullptr) {
-            *buffer = " ";
-        }
-        return 0;
-    }
     if (buffer != nullptr) {
-        *buffer = text;
+        buffer->assign(text != nullptr ? std::string_view(text) : std::string_view(" "));
     }
-    return i;
+    return text != nullptr ? i : 0;
 }
 
 // The index itself is trusted by the instruments; here an index outside the

@@ -66,7 +66,7 @@ TEST(ParmStrenumTest, ListsEndAtNullOrEmptyText) {
     EXPECT_EQ(p.GetText(3), nullptr);
 }
 
-TEST(ParmStrenumTest, ParsingPrefersTheLongestTextAndTheLowestIndex) {
+TEST(ParmStrenumTest, ParsingPrefersTheLongestTextThenTheHigherIndex) {
     HoldParm p;
     p.isSet = 1;
     std::string_view cursor = " \tHold Forced";

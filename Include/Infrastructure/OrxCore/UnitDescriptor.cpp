@@ -1,5 +1,7 @@
 #include "Include/Infrastructure/OrxCore/UnitizedValue.h"
 
+#include "Include/Infrastructure/OrxCore/UnitDimensions.h"
+
 #include <utility>
 
 namespace Orx::Core {
@@ -16,14 +18,6 @@ std::string ComposeText(const std::string& left, char op, const std::string& rig
         return op == '*' ? right : "/" + right;
     }
     return left + op + right;
-}
-
-UnitDimension CombineDimensions(const UnitDimension& a, const UnitDimension& b, int sign) {
-    UnitDimension result{};
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        result[i] = static_cast<std::int8_t>(a[i] + sign * b[i]);
-    }
-    return result;
 }
 
 }  // namespace
@@ -77,7 +71,7 @@ UnitDescriptor UnitDescriptor::operator/(const UnitDescriptor& other) const {
 UnitDescriptor& UnitDescriptor::operator*=(const UnitDescriptor& other) {
     name_ = ComposeText(name_, '*', other.name_);
     abbreviation_ = ComposeText(abbreviation_, '*', other.abbreviation_);
-    dimension_ = CombineDimensions(dimension_, other.dimension_, 1);
+    dimension_ = DimensionProduct(dimension_, other.dimension_);
     factor_ *= other.factor_;
     offset_ = 0.0;
     return *this;
@@ -86,7 +80,7 @@ UnitDescriptor& UnitDescriptor::operator*=(const UnitDescriptor& other) {
 UnitDescriptor& UnitDescriptor::operator/=(const UnitDescriptor& other) {
     name_ = ComposeText(name_, '/', other.name_);
     abbreviation_ = ComposeText(abbreviation_, '/', other.abbreviation_);
-    dimension_ = CombineDimensions(dimension_, other.dimension_, -1);
+    dimension_ = DimensionQuotient(dimension_, other.dimension_);
     factor_ /= other.factor_;
     offset_ = 0.0;
     return *this;

@@ -6,6 +6,8 @@
 
 #include "Include/Infrastructure/OrxCore/UnitizedValue.h"
 
+#include "Include/Infrastructure/OrxCore/UnitDimensions.h"
+
 #include <numbers>
 
 namespace Orx::Core {
@@ -29,25 +31,10 @@ constexpr UnitDimension Of(UnitBase base) {
     return d;
 }
 
-constexpr UnitDimension Pow(const UnitDimension& a, int n) {
-    UnitDimension d{};
-    for (std::size_t i = 0; i < d.size(); ++i) {
-        d[i] = static_cast<std::int8_t>(a[i] * n);
-    }
-    return d;
-}
-
-constexpr UnitDimension Times(const UnitDimension& a, const UnitDimension& b) {
-    UnitDimension d{};
-    for (std::size_t i = 0; i < d.size(); ++i) {
-        d[i] = static_cast<std::int8_t>(a[i] + b[i]);
-    }
-    return d;
-}
-
-constexpr UnitDimension Per(const UnitDimension& a, const UnitDimension& b) {
-    return Times(a, Pow(b, -1));
-}
+// Short names, so that the table reads like one.
+constexpr auto Pow = DimensionPower;
+constexpr auto Times = DimensionProduct;
+constexpr auto Per = DimensionQuotient;
 
 constexpr UnitDimension kNone{};
 constexpr UnitDimension kLength = Dim(1, 0, 0);
