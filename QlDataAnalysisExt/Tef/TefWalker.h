@@ -36,8 +36,8 @@ private:
     std::uint16_t WordValue(std::uint16_t size);
     std::uint32_t DwordValue(std::uint16_t size);
     double DoubleValue(std::uint16_t size);
-    template <class Change>
-    void ForAllChannels(Change change);
+    template <class Value>
+    void Spread(Value TefDocument::*sourceField, Value TefChannelSettings::*channelField, Value value);
 
     // TefWalkerChannels.cpp
     void ReadChannelSections();

@@ -32,11 +32,13 @@ struct TefWalkerChannelGroup {
     void (TefWalker::*read)(std::size_t channel, std::uint16_t size);
 };
 
-template <class Change>
-void TefWalker::ForAllChannels(Change change)
+// A value of the source that every channel's settings also hold.
+template <class Value>
+void TefWalker::Spread(Value TefDocument::*sourceField, Value TefChannelSettings::*channelField, Value value)
 {
+    document_.*sourceField = value;
     for (TefChannelSettings& settings : document_.channels)
-        change(settings);
+        settings.*channelField = value;
 }
 
 void TefWalker::ReadParameters()
@@ -89,56 +91,41 @@ void TefWalker::ReadSourceParameter(std::uint16_t id, std::uint16_t size, std::u
 {
     TefDocument& d = document_;
     switch (id) {
-    case kScanSizeX: {
+    case kScanSizeX:
         d.offsets.scanSizeXOffset = at;
-        d.scanSizeX = DoubleValue(size);
-        ForAllChannels([&](TefChannelSettings& c) { c.scanSizeX = d.scanSizeX; });
+        Spread(&TefDocument::scanSizeX, &TefChannelSettings::scanSizeX, DoubleValue(size));
         break;
-    }
-    case kScanSizeY: {
+    case kScanSizeY:
         d.offsets.scanSizeYOffset = at;
-        d.scanSizeY = DoubleValue(size);
-        ForAllChannels([&](TefChannelSettings& c) { c.scanSizeY = d.scanSizeY; });
+        Spread(&TefDocument::scanSizeY, &TefChannelSettings::scanSizeY, DoubleValue(size));
         break;
-    }
     case kFeedbackMode:
         d.feedbackMode = WordValue(size) == 1 ? TefFormat::kContactMode : TefFormat::kTappingMode;
         break;
-    case kWidth: {
+    case kWidth:
         d.offsets.widthOffset = at;
-        d.width = WordValue(size);
-        ForAllChannels([&](TefChannelSettings& c) { c.width = d.width; });
+        Spread(&TefDocument::width, &TefChannelSettings::width, WordValue(size));
         break;
-    }
-    case kHeight: {
+    case kHeight:
         d.offsets.heightOffset = at;
-        d.height = WordValue(size);
-        ForAllChannels([&](TefChannelSettings& c) { c.height = d.height; });
+        Spread(&TefDocument::height, &TefChannelSettings::height, WordValue(size));
         break;
-    }
     case kScanRate: d.scanRate = DoubleValue(size); break;
     case kTipSerialNumber: d.tipSerialNumber = reader_.Text(size); break;
-    case kBitsInUse: {
+    case kBitsInUse:
         d.offsets.bitsInUseOffset = at;
-        const std::uint16_t bits = WordValue(size);
-        d.bitsInUse = bits;
-        ForAllChannels([&](TefChannelSettings& c) { c.bitsInUse = bits; });
+        d.bitsInUse = WordValue(size);
+        for (TefChannelSettings& channel : d.channels)
+            channel.bitsInUse = *d.bitsInUse;
         break;
-    }
     case kKept12: d.kept12 = DoubleValue(size); break;
     case kKept13: d.kept13 = DoubleValue(size); break;
     case kDateTime: d.dateTime = reader_.Text(size); break;
-    case kRotation: {
+    case kRotation:
         // stored as a double, held as a float
-        d.rotation = static_cast<float>(DoubleValue(size));
-        ForAllChannels([&](TefChannelSettings& c) { c.rotation = d.rotation; });
+        Spread(&TefDocument::rotation, &TefChannelSettings::rotation, static_cast<float>(DoubleValue(size)));
         break;
-    }
-    case kValue19: {
-        d.value19 = DoubleValue(size);
-        ForAllChannels([&](TefChannelSettings& c) { c.value19 = d.value19; });
-        break;
-    }
+    case kValue19: Spread(&TefDocument::value19, &TefChannelSettings::value19, DoubleValue(size)); break;
     case kKept20: d.kept20 = reader_.Text(size); break;
     case kKept21: d.kept21 = reader_.Text(size); break;
     case kDrive: d.drive = DoubleValue(size); break;
