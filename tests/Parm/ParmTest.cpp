@@ -14,8 +14,6 @@ class ScanRateParm : public parm {
 public:
     void WritePrefix(std::string& cursor) override { cursor += "@"; }
     void WriteValueText(std::string& cursor) override { cursor += "1.5"; }
-    void OnPack() override { ++packNotices; }
-    int packNotices = 0;
 };
 
 std::uint32_t Word(const std::vector<std::uint8_t>& bytes, std::size_t i) {
@@ -23,23 +21,6 @@ std::uint32_t Word(const std::vector<std::uint8_t>& bytes, std::size_t i) {
 }
 
 }  // namespace
-
-TEST(ParmTest, NewParameterHoldsTheDefaults) {
-    parm p(77);
-    EXPECT_EQ(p.owner, 77u);
-    EXPECT_EQ(p.GetUnit(2), 1u);
-    EXPECT_EQ(p.GetUnit(3), 1u);
-    EXPECT_EQ(p.displayKind, 1u);
-    EXPECT_EQ(p.title, p.inlineTitle);
-    std::string title = "x";
-    p.GetTitle(&title);
-    EXPECT_EQ(title, "");
-    p.SetOwner(5);
-    EXPECT_EQ(p.owner, 5u);
-    EXPECT_TRUE(p.IsEnabled());
-    EXPECT_EQ(p.GetFlags(), 0u);
-    EXPECT_EQ(p.Clamp(), 0);
-}
 
 TEST(ParmTest, UnitIndicesByWhich) {
     parm p;
@@ -222,16 +203,6 @@ TEST(ParmTest, TruncatedBinaryFormIsNotTaken) {
     EXPECT_EQ(p.isSet, 0);
 }
 
-TEST(ParmTest, PackAndNotifyTellsThenPacks) {
-    ScanRateParm p;
-    p.changed = 1;
-    std::vector<std::uint8_t> out;
-    p.PackAndNotify(out);
-    EXPECT_EQ(p.changed, 0);
-    EXPECT_EQ(p.packNotices, 1);
-    EXPECT_EQ(out.size(), 20u);
-}
-
 TEST(ParmTest, TrimUnitCutsAtTheFirstAsciiLetter) {
     parm p;
     const std::pair<std::string, std::string> cases[] = {
@@ -285,25 +256,3 @@ TEST(ParmTest, LinkedNumbersAnIntCannotHoldGiveZero) {
     EXPECT_EQ(p.ReadLinkedInteger(9), -2147483647 - 1);
 }
 
-TEST(ParmTest, BaseValueOperationsAnswerWithNothing) {
-    parm p;
-    std::string a = "a", c = "c", d = "d", e = "e";
-    p.GetLimits(&a, 2, &c, &d);
-    EXPECT_EQ(a + c + d, "");
-    a = "a";
-    p.GetLimitsTrial(&a, 2, nullptr, nullptr);
-    EXPECT_EQ(a, "");
-    a = "a", d = "d", e = "e";
-    EXPECT_FALSE(p.Step(&a, 1, 3, &d, &e));
-    EXPECT_EQ(a + d + e, "");
-    std::string value = "v";
-    p.GetValueString(&value);
-    EXPECT_EQ(value, "");
-    p.GetValueString(nullptr);
-    p.SetTrial(true);
-    EXPECT_EQ(p.trial, 1);
-    p.EndTrial(nullptr);
-    EXPECT_EQ(p.trial, 0);
-    EXPECT_EQ(p.PrepareValue(), 0);
-    EXPECT_EQ(p.ResetValue(), 0);
-}

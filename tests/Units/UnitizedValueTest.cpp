@@ -111,15 +111,6 @@ TEST(UnitizedValueTest, ValuesWithoutUnitShareOneDescriptor) {
     EXPECT_EQ(a.GetUnits().get(), d.GetUnits().get());
 }
 
-TEST(UnitizedValueTest, CopiesShareTheUnit) {
-    const Value a(1.0, "nm");
-    Value b;
-    b = a;
-    b.SetValue(2.0);
-    EXPECT_EQ(a.GetUnits().get(), b.GetUnits().get());
-    EXPECT_EQ(a.GetValue(), 1.0);
-}
-
 TEST(UnitizedValueTest, StaticConversionTakesAnyDescriptors) {
     const UnitDescriptor inch("inch", "in", Orx::Core::UnitDimension{1}, 0.0254);
     const auto& cm = *UnitDictionary::StandardUnits()->LookupUnit("mm");
