@@ -43,6 +43,16 @@ const std::uint8_t* TefByteReader::Take(std::size_t count)
     return at;
 }
 
+std::optional<std::size_t> TefByteReader::Find(std::uint8_t value) const
+{
+    if (Remaining() == 0)
+        return std::nullopt;
+    const void* found = std::memchr(data_ + position_, value, Remaining());
+    if (!found)
+        return std::nullopt;
+    return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - data_);
+}
+
 std::uint16_t TefByteReader::Word()
 {
     const std::uint8_t* at = Take(2);

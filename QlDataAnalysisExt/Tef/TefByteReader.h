@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 // A moving position over a whole file in memory. Every read and jump is
@@ -26,6 +27,8 @@ public:
     double Double();
     // A text value of the given length, which ends at its first zero byte.
     std::string Text(std::size_t length);
+    // Where the first byte of that value lies, from the position on.
+    std::optional<std::size_t> Find(std::uint8_t value) const;
     // The next count bytes, passed over.
     const std::uint8_t* Take(std::size_t count);
 

@@ -2,7 +2,7 @@
 
 #include "QlDataAnalysisExt/Tef/TefFormat.h"
 
-#include <cstring>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -23,18 +23,16 @@ TefWalker::TefWalker(const std::uint8_t* data, std::size_t size, TefDocument& do
 
 void TefWalker::ReadNote()
 {
-    const std::uint8_t* start = reader_.Size() ? reader_.Take(0) : nullptr;
-    const void* end = start ? std::memchr(start, TefFormat::kNoteEnd, reader_.Size()) : nullptr;
+    const std::optional<std::size_t> end = reader_.Find(TefFormat::kNoteEnd);
     if (!end) {
         // Without the end mark the note is empty and the head is looked for
         // at byte 1, where the tag test then refuses nearly every file.
         reader_.Seek(1);
         return;
     }
-    const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(end) - start);
-    document_.note = reader_.Text(length);
+    document_.note = reader_.Text(*end);
     document_.hasNoteEnd = true;
-    document_.noteEndOffset = static_cast<std::uint32_t>(length);
+    document_.noteEndOffset = static_cast<std::uint32_t>(*end);
     reader_.Skip(1);
 }
 

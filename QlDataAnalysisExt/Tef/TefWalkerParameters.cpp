@@ -20,8 +20,6 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b)
            std::equal(a.begin(), a.end(), b.begin(), [&](char x, char y) { return fold(x) == fold(y); });
 }
 
-}  // namespace
-
 // The per-channel groups: eight identifiers from the first, each for the
 // channel of its distance from the first. A record for a channel the file
 // does not have is consumed by its size and changes nothing.
@@ -31,6 +29,8 @@ struct TefWalkerChannelGroup {
     std::uint32_t TefOffsets::*offsetOfFirst;
     void (TefWalker::*read)(std::size_t channel, std::uint16_t size);
 };
+
+}  // namespace
 
 // A value of the source that every channel's settings also hold.
 template <class Value>
