@@ -237,6 +237,53 @@ TEST(ContainerRoundTrip, HandWrittenValuesKeepTheirSpellingUntilChanged) {
     EXPECT_NE(written.find("key \"ResolutionX\" int 512\n"), std::string::npos);
 }
 
+// The worked example of docs/container-format.md, byte for byte.
+TEST(ContainerRoundTrip, DocumentedExampleIsWhatTheWriterWrites) {
+    std::string example =
+        "OrxDataContainer 1\n"
+        "type \"Quillon Data File\"\n"
+        "section \"QuillonFileOverviewInfo\"\n"
+        "  key \"FileSubType\" AsciiString \"IMAGE\"\n"
+        "  key \"NumberOfDataPlists\" int 1\n"
+        "  key \"DataPlistNames\" vector<string> 1 \"Dulce image list\"\n"
+        "end\n"
+        "section \"Dulce image list\"\n"
+        "  key \"@2:Image Data\" AsciiString \"S [Height] \\\"Height\\\"\"\n"
+        "  key \"Scan Size\" AsciiString \"10 10 \xB5m\"\n"
+        "  key \"Capture mode \" AsciiString \"Single\"\n"
+        "  key \"Data offset\" AsciiString \"640\"\n"
+        "  key \"Data length\" int 8\n"
+        "  key \"Bytes/pixel\" int 2\n"
+        "  key \"RawData\" Matrix long 2x2 in-section\n"
+        "  key \"Calibration\" Matrix float 1x2 at 648\n"
+        "end\n"
+        "end-of-header\n";
+    ASSERT_EQ(example.size(), 578u);
+    example.resize(640, '\0');
+    const unsigned char blocks[] = {0x01, 0x00, 0xff, 0xff, 0x00, 0x01, 0x00, 0x80, 0x01, 0x00, 0x00, 0x00,
+                                    0x02, 0x00, 0x00, 0x00, 0x00, 0x00, 0xc0, 0x3f, 0x00, 0x00, 0x00, 0xc0};
+    example.append(reinterpret_cast<const char*>(blocks), sizeof blocks);
+
+    auto built = ContainerBuilder::Quillon()
+                     .Section("QuillonFileOverviewInfo")
+                     .Text("FileSubType", "IMAGE")
+                     .Int("NumberOfDataPlists", 1)
+                     .Texts("DataPlistNames", {"Dulce image list"})
+                     .Section("Dulce image list")
+                     .Text("@2:Image Data", "S [Height] \"Height\"")
+                     .Text("Scan Size", "10 10 " + kMicron)
+                     .Text("Capture mode ", "Single")
+                     .Samples16(640, 2, 2, {1, -1, 256, -32768})
+                     .FloatMatrix("Calibration", 1, 2, {1.5f, -2.0f})
+                     .Bytes();
+    EXPECT_EQ(AsText(built), example);
+
+    auto file = DataFile::OpenMemory(example.data(), example.size());
+    auto samples = file->GetContainer({"Dulce image list"})->GetRawData("RawData");
+    EXPECT_EQ(std::vector<std::int32_t>(samples->data().begin(), samples->data().end()),
+              (std::vector<std::int32_t>{65536, -65536, 16777216, -2147483647 - 1}));
+}
+
 TEST(ContainerRoundTrip, CloseWritesOnlyMarkedContent) {
     std::string path = TempPath("close_marks.qdf");
     RichQuillonFile().Write(path);

@@ -1,0 +1,3 @@
+add_executable(fuzz_container_header ${CMAKE_CURRENT_LIST_DIR}/fuzz_container_header.cpp)
+ds_link_modules(fuzz_container_header ds_datacore)
+target_link_options(fuzz_container_header PRIVATE -fsanitize=fuzzer)
