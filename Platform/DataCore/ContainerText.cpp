@@ -1,5 +1,7 @@
 #include "Platform/DataCore/ContainerText.h"
 
+#include "Infrastructure/OrxDataCore/HexDigits.h"
+
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -43,7 +45,6 @@ std::string formatShortest(T value) {
 }  // namespace
 
 std::string Quote(const std::string& bytes) {
-    static const char* const digits = "0123456789ABCDEF";
     std::string out;
     out.reserve(bytes.size() + 2);
     out.push_back('"');
@@ -56,8 +57,8 @@ std::string Quote(const std::string& bytes) {
             out.push_back(ch);
         } else {
             out += "\\x";
-            out.push_back(digits[c >> 4]);
-            out.push_back(digits[c & 0xF]);
+            out.push_back(HexDigits::Digit(c >> 4));
+            out.push_back(HexDigits::Digit(c));
         }
     }
     out.push_back('"');

@@ -1,5 +1,6 @@
 #include "Platform/DataCore/HeaderLineCursor.h"
 
+#include "Infrastructure/OrxDataCore/HexDigits.h"
 #include "Platform/DataCore/ContainerFormatError.h"
 
 #include <algorithm>
@@ -9,19 +10,6 @@ namespace Orx::DataCore {
 namespace {
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
-int hexValue(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    return -1;
-}
 
 }  // namespace
 
@@ -101,8 +89,8 @@ std::string HeaderLineCursor::Unquote() {
             out.push_back(e);
             pos_ += 2;
         } else if (e == 'x') {
-            int hi = pos_ + 2 < line_.size() ? hexValue(line_[pos_ + 2]) : -1;
-            int lo = pos_ + 3 < line_.size() ? hexValue(line_[pos_ + 3]) : -1;
+            int hi = pos_ + 2 < line_.size() ? HexDigits::Value(line_[pos_ + 2]) : -1;
+            int lo = pos_ + 3 < line_.size() ? HexDigits::Value(line_[pos_ + 3]) : -1;
             if (hi < 0 || lo < 0) {
                 Refuse("\\x must be followed by two hexadecimal digits");
             }

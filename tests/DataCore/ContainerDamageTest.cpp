@@ -66,77 +66,86 @@ TEST(ContainerDamage, TruncatedFileOnDiskIsRefused) {
     EXPECT_EQ(DataFile::Open(DataCoreTest::TempPath("never_written.qdf"), 1, 0, "", nullptr), nullptr);
 }
 
+// One damage each: a text of the small file's header and what replaces it.
+struct Edit {
+    const char* damage;
+    const char* from;
+    std::string to;
+};
+
 TEST(ContainerDamage, BlocksThatLieOutsideTheFileOrEachOther) {
+    const Edit edits[] = {
+        {"OverlappingChannelBlocks", "\"Data offset\" AsciiString \"1032\"", "\"Data offset\" AsciiString \"1030\""},
+        {"ChannelBlockInsideTheHeader", "\"Data offset\" AsciiString \"1024\"", "\"Data offset\" AsciiString \"10\""},
+        {"ChannelOffsetAtTheEndOfTheNumbers", "\"Data offset\" AsciiString \"1024\"",
+         "\"Data offset\" AsciiString \"18446744073709551615\""},
+        {"DataLengthShorterThanTheShape", "\"Data length\" int 8", "\"Data length\" int 6"},
+        {"NegativeDataLength", "\"Data length\" int 8", "\"Data length\" int -8"},
+        {"DataLengthBeyondTheFile", "\"Data length\" int 8", "\"Data length\" int 2000000000"},
+        {"ThreeBytesPerSample", "\"Bytes/pixel\" int 2", "\"Bytes/pixel\" int 3"},
+        {"ChannelBlockWithAnOffsetOfItsOwn", "Matrix long 2x2 in-section", "Matrix long 2x2 at 1024"},
+        {"ShapeBeyondTheDataLength", "Matrix long 2x2 in-section", "Matrix long 65536x65536 in-section"},
+        {"MatrixShapeLargerThanTheFile", "Matrix float 1x2 at", "Matrix float 4294967295x4294967295 at"},
+        {"BlockShapeDiffersFromTheHeader", "Matrix float 1x2 at", "Matrix float 2x1 at"},
+        {"MatrixCountLargerThanTheFile", "vector<float> 2 of", "vector<float> 4294967295 of"},
+        {"EmptyMatricesOverAFullBlock", "vector<float> 2 of 2x1", "vector<float> 2 of 0x0"},
+        {"FloatMatrixInSection", "Matrix float 1x2 at", "Matrix float 1x2 in-section"},
+        {"UnknownSyntaxVersion", "OrxDataContainer 1", "OrxDataContainer 2"},
+        {"WrongMark", "OrxDataContainer", "XrxDataContainer"},
+        {"NulByteInHeader", "key \"Bytes/pixel\"", std::string("key \"Bytes\0pixel\"", 17)},
+    };
     std::string image = AsText(SmallFile());
-    ExpectRefused(Replace(image, "\"Data offset\" AsciiString \"1032\"", "\"Data offset\" AsciiString \"1030\""),
-                  "OverlappingChannelBlocks");
-    ExpectRefused(Replace(image, "\"Data offset\" AsciiString \"1024\"", "\"Data offset\" AsciiString \"10\""),
-                  "ChannelBlockInsideTheHeader");
-    ExpectRefused(Replace(image, "\"Data offset\" AsciiString \"1024\"",
-                          "\"Data offset\" AsciiString \"18446744073709551615\""),
-                  "ChannelOffsetAtTheEndOfTheNumbers");
-    ExpectRefused(Replace(image, "\"Data length\" int 8", "\"Data length\" int 6"), "DataLengthShorterThanTheShape");
-    ExpectRefused(Replace(image, "\"Data length\" int 8", "\"Data length\" int -8"), "NegativeDataLength");
-    ExpectRefused(Replace(image, "\"Data length\" int 8", "\"Data length\" int 2000000000"),
-                  "DataLengthBeyondTheFile");
-    ExpectRefused(Replace(image, "\"Bytes/pixel\" int 2", "\"Bytes/pixel\" int 3"), "ThreeBytesPerSample");
-    ExpectRefused(Replace(image, "Matrix long 2x2 in-section", "Matrix long 2x2 at 1024"),
-                  "ChannelBlockWithAnOffsetOfItsOwn");
-    ExpectRefused(Replace(image, "Matrix long 2x2 in-section", "Matrix long 65536x65536 in-section"),
-                  "ShapeBeyondTheDataLength");
-    ExpectRefused(Replace(image, "Matrix float 1x2 at", "Matrix float 4294967295x4294967295 at"),
-                  "MatrixShapeLargerThanTheFile");
-    ExpectRefused(Replace(image, "Matrix float 1x2 at", "Matrix float 2x1 at"), "BlockShapeDiffersFromTheHeader");
-    ExpectRefused(Replace(image, "vector<float> 2 of", "vector<float> 4294967295 of"),
-                  "MatrixCountLargerThanTheFile");
-    ExpectRefused(Replace(image, "vector<float> 2 of 2x1", "vector<float> 2 of 0x0"),
-                  "EmptyMatricesOverAFullBlock");
-    ExpectRefused(Replace(image, "Matrix float 1x2 at", "Matrix float 1x2 in-section"), "FloatMatrixInSection");
+    for (const auto& edit : edits) {
+        ExpectRefused(Replace(image, edit.from, edit.to), edit.damage);
+    }
 }
 
 TEST(ContainerDamage, BrokenHeaderSyntax) {
-    std::string image = AsText(SmallFile());
-    ExpectRefused(Replace(image, "OrxDataContainer 1", "OrxDataContainer 2"), "UnknownSyntaxVersion");
-    ExpectRefused(Replace(image, "OrxDataContainer", "XrxDataContainer"), "WrongMark");
-    ExpectRefused("OrxDataContainer 1\ntype \"Quillon Data File\"\nsection \"A\"\nend\nend-of-heaver\n",
-                  "HeaderWithoutTerminator");
-    ExpectRefused(Replace(image, "key \"Bytes/pixel\"", std::string("key \"Bytes\0pixel\"", 17)), "NulByteInHeader");
-    ExpectRefused(Header("section \"A\"\nend\nsection \"A\"\nend\n"), "DuplicateSection");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" int 1\nkey \"k\" int 2\nend\n"), "DuplicateKey");
-    ExpectRefused(Header("section \"A\"\n"), "UnclosedSection");
-    ExpectRefused(Header("end\n"), "EndWithoutSection");
-    ExpectRefused(Header("section \"A\nend\n"), "UnclosedQuote");
-    ExpectRefused(Header("section \"A\\q\"\nend\n"), "UnknownEscape");
-    ExpectRefused(Header("section \"A\\x4\"\nend\n"), "ShortHexEscape");
-    ExpectRefused(Header("section \"A\x01\"\nend\n"), "RawControlByteInQuotes");
-    ExpectRefused(Header("section \"A\"x\nend\n"), "TextGluedToAQuote");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" int 12x\nend\n"), "IntegerWithLetters");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" int 2147483648\nend\n"), "IntegerOutOfRange");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" float 1e60\nend\n"), "FloatOutOfRange");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" AsciiString bare\nend\n"), "TextWithoutQuotes");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" AsciiString \"a\" \"b\"\nend\n"), "TextFollowedByMore");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" vector<string> 3 \"a\"\nend\n"), "ListShorterThanItsCount");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" vector<string> 99999999999999 \"a\"\nend\n"),
-                  "ListCountBeyondTheLine");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" TUnitized 3 nm\nend\n"), "UnitWithoutQuotes");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" Matrix double 1x1 at 0\nend\n"), "MatrixOfUnknownElements");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" Matrix float 1by1 at 0\nend\n"), "ShapeWithoutX");
-    ExpectRefused(Header("section \"A\"\nkey \"k\" Matrix float 1x1 somewhere\nend\n"), "UnknownPlacement");
-    ExpectRefused(Header("section \"A\"\nkey \"RawData\" Matrix long 1x1 in-section\nend\n"),
-                  "ChannelBlockWithoutDataOffset");
-    ExpectRefused(Header("sector \"A\"\nend\n"), "UnknownKeyword");
-    ExpectRefused("OrxDataContainer 1\nsection \"A\"\nend\nend-of-header\n", "TypeLineMissing");
-    ExpectRefused(Header("type \"Another\"\n"), "SecondTypeLine");
-    ExpectRefused(std::string(), "EmptyFile");
+    // Damaged lines inside a section "A" of an otherwise sound header.
+    const std::pair<const char*, std::string> lines[] = {
+        {"DuplicateKey", "key \"k\" int 1\nkey \"k\" int 2"},
+        {"IntegerWithLetters", "key \"k\" int 12x"},
+        {"IntegerOutOfRange", "key \"k\" int 2147483648"},
+        {"FloatOutOfRange", "key \"k\" float 1e60"},
+        {"TextWithoutQuotes", "key \"k\" AsciiString bare"},
+        {"TextFollowedByMore", "key \"k\" AsciiString \"a\" \"b\""},
+        {"ListShorterThanItsCount", "key \"k\" vector<string> 3 \"a\""},
+        {"ListCountBeyondTheLine", "key \"k\" vector<string> 99999999999999 \"a\""},
+        {"UnitWithoutQuotes", "key \"k\" TUnitized 3 nm"},
+        {"MatrixOfUnknownElements", "key \"k\" Matrix double 1x1 at 0"},
+        {"ShapeWithoutX", "key \"k\" Matrix float 1by1 at 0"},
+        {"UnknownPlacement", "key \"k\" Matrix float 1x1 somewhere"},
+        {"ChannelBlockWithoutDataOffset", "key \"RawData\" Matrix long 1x1 in-section"},
+        {"KeyWithoutQuotes", "key k int 1"},
+        {"KeyWithoutType", "key \"k\""},
+    };
+    for (const auto& [damage, line] : lines) {
+        ExpectRefused(Header("section \"A\"\n" + line + "\nend\n"), damage);
+    }
 
     std::string deep;
     for (int i = 0; i < 100; ++i) {
-        deep += "section \"s\"\n";
+        deep = "section \"s\"\n" + deep + "end\n";
     }
-    for (int i = 0; i < 100; ++i) {
-        deep += "end\n";
+    const std::pair<const char*, std::string> headers[] = {
+        {"HeaderWithoutTerminator", "OrxDataContainer 1\ntype \"Quillon Data File\"\nsection \"A\"\nend\nend-of-heaver\n"},
+        {"TypeLineMissing", "OrxDataContainer 1\nsection \"A\"\nend\nend-of-header\n"},
+        {"EmptyFile", ""},
+        {"DuplicateSection", Header("section \"A\"\nend\nsection \"A\"\nend\n")},
+        {"UnclosedSection", Header("section \"A\"\n")},
+        {"EndWithoutSection", Header("end\n")},
+        {"UnclosedQuote", Header("section \"A\nend\n")},
+        {"UnknownEscape", Header("section \"A\\q\"\nend\n")},
+        {"ShortHexEscape", Header("section \"A\\x4\"\nend\n")},
+        {"RawControlByteInQuotes", Header("section \"A\x01\"\nend\n")},
+        {"TextGluedToAQuote", Header("section \"A\"x\nend\n")},
+        {"UnknownKeyword", Header("sector \"A\"\nend\n")},
+        {"SecondTypeLine", Header("type \"Another\"\n")},
+        {"SectionsNestedTooDeep", Header(deep)},
+    };
+    for (const auto& [damage, header] : headers) {
+        ExpectRefused(header, damage);
     }
-    ExpectRefused(Header(deep), "SectionsNestedTooDeep");
 }
 
 TEST(ContainerDamage, WriterRefusesWhatTheSyntaxCannotCarry) {

@@ -37,7 +37,6 @@ public:
     }
     std::string GetXMLEncoding() const override { return "Matrix"; }
     std::uint64_t GetDataSize_bytes() const override { return MatrixForms::BinarySize(value_); }
-    bool DataSizeIsConstant() const override { return false; }
 
     static bool PlainTextAllowed(std::uint64_t elements) {
         bool floats = std::is_floating_point_v<typename M::value_type>;

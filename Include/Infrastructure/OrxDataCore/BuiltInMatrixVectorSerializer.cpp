@@ -79,8 +79,6 @@ std::uint64_t BuiltInMatrixVectorSerializer::GetDataSize_bytes() const {
     return size;
 }
 
-bool BuiltInMatrixVectorSerializer::DataSizeIsConstant() const { return false; }
-
 void BuiltInMatrixVectorSerializer::ElementStarted(const std::string&, const XMLAttributes&, int depth) {
     if (depth == 1) {
         value_.clear();

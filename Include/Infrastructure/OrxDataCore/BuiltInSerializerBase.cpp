@@ -16,6 +16,8 @@ XMLContentHandler* BuiltInSerializerBase::GetXMLContentHandler(const std::string
     return Serializer::GetXMLContentHandler(encoding);
 }
 
+bool BuiltInSerializerBase::DataSizeIsConstant() const { return false; }
+
 void BuiltInSerializerBase::StartDocument() { open_.clear(); }
 
 void BuiltInSerializerBase::StartElement(const std::string& name, const XMLAttributes& attributes) {

@@ -13,6 +13,8 @@ namespace Orx::DataCore {
 class BuiltInSerializerBase : public Serializer, public XMLContentHandler {
 public:
     XMLContentHandler* GetXMLContentHandler(const std::string& encoding) override;
+    // Only the scalars have a size of their own; the rest take what their value needs.
+    bool DataSizeIsConstant() const override;
 
     void StartDocument() override;
     void StartElement(const std::string& name, const XMLAttributes& attributes) override;

@@ -1,5 +1,6 @@
 #include "Infrastructure/OrxDataCore/Serializer.h"
 
+#include "Infrastructure/OrxDataCore/HexDigits.h"
 #include "Infrastructure/OrxDataCore/XMLEventReader.h"
 #include "Platform/AlertInfo.h"
 #include "Platform/DataStreams.h"
@@ -16,19 +17,6 @@ namespace {
 
 std::atomic<std::uint64_t> maxPlainElements{65536};
 std::atomic<bool> plainFloatCollections{true};
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    return -1;
-}
 
 }  // namespace
 
@@ -58,7 +46,7 @@ public:
             if (c == ' ' || c == '\t' || c == '\r' || c == '\n') {
                 continue;
             }
-            int d = hexDigit(c);
+            int d = HexDigits::Value(c);
             if (d < 0) {
                 throw Orx::Core::LogicError("A value of the default encoding holds a character that is no digit",
                                             "Orx.DataCore.XML", ORX_CODE_CONTEXT);
@@ -140,12 +128,11 @@ void Serializer::DataToXML(Orx::Core::XMLWriter& writer) const {
     std::vector<std::uint8_t> bytes;
     Orx::Core::DataOutputStream stream(bytes);
     ToBinary(stream);
-    static const char* const digits = "0123456789ABCDEF";
     std::string text;
     text.reserve(bytes.size() * 2);
     for (std::uint8_t b : bytes) {
-        text.push_back(digits[b >> 4]);
-        text.push_back(digits[b & 0xF]);
+        text.push_back(HexDigits::Digit(b >> 4));
+        text.push_back(HexDigits::Digit(b));
     }
     writer << Orx::Core::XMLWriter::Attribute("encoding", DEFAULT_XML_ENCODING);
     writer.Text(text);

@@ -52,8 +52,6 @@ std::uint64_t StringContainerSerializer::GetDataSize_bytes() const {
     return size;
 }
 
-bool StringContainerSerializer::DataSizeIsConstant() const { return false; }
-
 void StringContainerSerializer::ElementStarted(const std::string&, const XMLAttributes&, int depth) {
     if (depth == 1) {
         value_.clear();

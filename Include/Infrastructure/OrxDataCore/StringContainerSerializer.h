@@ -17,7 +17,6 @@ public:
     std::uint64_t FromBinary(std::uint64_t numberOfBytes, Orx::Core::DataInputStream& stream) override;
     std::string GetXMLEncoding() const override;
     std::uint64_t GetDataSize_bytes() const override;
-    bool DataSizeIsConstant() const override;
 
 protected:
     void ElementStarted(const std::string& name, const XMLAttributes& attributes, int depth) override;

@@ -29,8 +29,6 @@ std::string StringSerializer::GetXMLEncoding() const { return "AsciiString"; }
 
 std::uint64_t StringSerializer::GetDataSize_bytes() const { return value_.size(); }
 
-bool StringSerializer::DataSizeIsConstant() const { return false; }
-
 void StringSerializer::ElementRead(const std::string&, const XMLAttributes&, const std::string& text, int depth) {
     if (depth == 1) {
         value_ = text;

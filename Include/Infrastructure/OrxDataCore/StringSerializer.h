@@ -14,7 +14,6 @@ public:
     std::uint64_t FromBinary(std::uint64_t numberOfBytes, Orx::Core::DataInputStream& stream) override;
     std::string GetXMLEncoding() const override;
     std::uint64_t GetDataSize_bytes() const override;
-    bool DataSizeIsConstant() const override;
 
 protected:
     void ElementRead(const std::string& name, const XMLAttributes& attributes, const std::string& text,

@@ -53,8 +53,6 @@ std::string TUnitizedSerializer::GetXMLEncoding() const { return "TUnitized"; }
 
 std::uint64_t TUnitizedSerializer::GetDataSize_bytes() const { return 8 + 4 + UnitName(value_).size(); }
 
-bool TUnitizedSerializer::DataSizeIsConstant() const { return false; }
-
 void TUnitizedSerializer::ElementRead(const std::string&, const XMLAttributes& attributes, const std::string& text,
                                       int depth) {
     if (depth != 1) {

@@ -17,7 +17,6 @@ public:
     std::uint64_t FromBinary(std::uint64_t numberOfBytes, Orx::Core::DataInputStream& stream) override;
     std::string GetXMLEncoding() const override;
     std::uint64_t GetDataSize_bytes() const override;
-    bool DataSizeIsConstant() const override;
 
     // An empty name makes a value without a unit.
     static Orx::Core::UnitizedValue<double> MakeValue(double number, const std::string& unitName);

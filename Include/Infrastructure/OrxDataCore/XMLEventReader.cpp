@@ -1,5 +1,6 @@
 #include "Infrastructure/OrxDataCore/XMLEventReader.h"
 
+#include "Infrastructure/OrxDataCore/HexDigits.h"
 #include "Platform/AlertInfo.h"
 
 #include <cstdint>
@@ -109,18 +110,11 @@ private:
             }
             std::uint32_t code = 0;
             for (; i < name.size(); ++i) {
-                char d = name[i];
-                std::uint32_t digit;
-                if (d >= '0' && d <= '9') {
-                    digit = static_cast<std::uint32_t>(d - '0');
-                } else if (hex && d >= 'a' && d <= 'f') {
-                    digit = static_cast<std::uint32_t>(d - 'a' + 10);
-                } else if (hex && d >= 'A' && d <= 'F') {
-                    digit = static_cast<std::uint32_t>(d - 'A' + 10);
-                } else {
+                int digit = HexDigits::Value(name[i]);
+                if (digit < 0 || (!hex && digit > 9)) {
                     refuse("bad character reference", start);
                 }
-                code = code * (hex ? 16u : 10u) + digit;
+                code = code * (hex ? 16u : 10u) + static_cast<std::uint32_t>(digit);
                 if (code > 0x10FFFF) {
                     refuse("character reference out of range", start);
                 }
