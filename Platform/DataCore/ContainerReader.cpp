@@ -16,7 +16,9 @@ namespace Orx::DataCore {
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& why) { throw ContainerFormatError("Container file: " + why, ORX_CODE_CONTEXT); }
+[[noreturn]] void refuse(const std::string& why) {
+    throw ContainerFormatError("Container file: " + why, ORX_CODE_CONTEXT);
+}
 
 // A matrix named in the header, waiting for its block.
 struct PendingMatrix {

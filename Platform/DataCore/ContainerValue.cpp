@@ -34,7 +34,8 @@ std::string shapeText(std::size_t rows, std::size_t columns) {
 
 ContainerValue::ContainerValue() : kind_(Kind::Text), data_(std::string()) {}
 
-ContainerValue::ContainerValue(std::int32_t value, Kind kind) : kind_(kind == Kind::Long ? Kind::Long : Kind::Int), data_(value) {}
+ContainerValue::ContainerValue(std::int32_t value, Kind kind)
+    : kind_(kind == Kind::Long ? Kind::Long : Kind::Int), data_(value) {}
 
 ContainerValue::ContainerValue(std::uint32_t value) : kind_(Kind::UInt), data_(value) {}
 

@@ -20,7 +20,9 @@ class HeaderLineCursor;
 // type this system does not know is carried as the text the file gave it.
 class ContainerValue {
 public:
-    enum class Kind { Int, Long, UInt, Float, Double, Text, Strings, Unitized, IntMatrix, FloatMatrix, FloatMatrices, Opaque };
+    enum class Kind {
+        Int, Long, UInt, Float, Double, Text, Strings, Unitized, IntMatrix, FloatMatrix, FloatMatrices, Opaque
+    };
 
     ContainerValue();  // an empty text
     explicit ContainerValue(std::int32_t value, Kind kind = Kind::Int);  // Int or Long

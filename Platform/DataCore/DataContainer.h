@@ -51,6 +51,10 @@ public:
     // added at the end.
     template <class T>
     void SetValue(const std::string& key, const T& value, bool create = false, int mode = StandingMode);
+    // A literal is written as the text it is.
+    void SetValue(const std::string& key, const char* value, bool create = false, int mode = StandingMode) {
+        SetValue(key, std::string(value), create, mode);
+    }
 
     // Empty pointers where the key is missing or holds something else.
     std::shared_ptr<IntMatrix> GetRawData(const std::string& key) const;

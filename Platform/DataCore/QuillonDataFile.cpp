@@ -76,7 +76,8 @@ void QuillonDataFile::CloneChannel(const std::vector<unsigned>& channels, const 
 }
 
 int QuillonDataFile::Convert16BitTo32Bit(int value) {
-    return static_cast<int>(static_cast<std::uint32_t>(static_cast<std::uint64_t>(static_cast<std::int64_t>(value) * 65536)));
+    auto widened = static_cast<std::uint64_t>(static_cast<std::int64_t>(value) * 65536);
+    return static_cast<int>(static_cast<std::uint32_t>(widened));
 }
 
 }  // namespace Orx::DataCore

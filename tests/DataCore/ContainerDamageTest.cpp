@@ -128,7 +128,8 @@ TEST(ContainerDamage, BrokenHeaderSyntax) {
         deep = "section \"s\"\n" + deep + "end\n";
     }
     const std::pair<const char*, std::string> headers[] = {
-        {"HeaderWithoutTerminator", "OrxDataContainer 1\ntype \"Quillon Data File\"\nsection \"A\"\nend\nend-of-heaver\n"},
+        {"HeaderWithoutTerminator",
+         "OrxDataContainer 1\ntype \"Quillon Data File\"\nsection \"A\"\nend\nend-of-heaver\n"},
         {"TypeLineMissing", "OrxDataContainer 1\nsection \"A\"\nend\nend-of-header\n"},
         {"EmptyFile", ""},
         {"DuplicateSection", Header("section \"A\"\nend\nsection \"A\"\nend\n")},

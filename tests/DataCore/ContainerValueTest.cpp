@@ -109,8 +109,9 @@ TEST(ContainerValue, WritesFollowTheModeAndNeverCreateUnasked) {
     auto c = Section();
     c->SetValue("Absent", std::string("x"));
     EXPECT_FALSE(c->HasKey("Absent"));
-    c->SetValue("Absent", std::string("x"), true);
+    c->SetValue("Absent", "x", true);
     EXPECT_EQ(c->GetKeys().back(), "Absent");
+    EXPECT_EQ(c->GetEntry("Absent")->TypeName(), "AsciiString");
 
     c->SetValue("Count", std::string("13"), false, DataContainer::KeepStoredType);
     EXPECT_EQ(c->GetEntry("Count")->TypeName(), "int");

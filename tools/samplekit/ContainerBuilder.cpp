@@ -46,7 +46,9 @@ ContainerBuilder& ContainerBuilder::UInt(const std::string& key, std::uint32_t v
     return Put(key, ContainerValue(value));
 }
 
-ContainerBuilder& ContainerBuilder::Float(const std::string& key, float value) { return Put(key, ContainerValue(value)); }
+ContainerBuilder& ContainerBuilder::Float(const std::string& key, float value) {
+    return Put(key, ContainerValue(value));
+}
 
 ContainerBuilder& ContainerBuilder::Double(const std::string& key, double value) {
     return Put(key, ContainerValue(value));

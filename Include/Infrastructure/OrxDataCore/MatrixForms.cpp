@@ -44,7 +44,8 @@ template <class M>
 std::uint64_t WriteBinary(Orx::Core::DataOutputStream& stream, const M& m) {
     using E = typename M::value_type;
     static_assert(sizeof(E) == 4);
-    if (m.size1() > std::numeric_limits<std::uint32_t>::max() || m.size2() > std::numeric_limits<std::uint32_t>::max()) {
+    constexpr auto limit = std::numeric_limits<std::uint32_t>::max();
+    if (m.size1() > limit || m.size2() > limit) {
         refuse("a size beyond 4 bytes cannot be written");
     }
     stream.WriteUInt32(static_cast<std::uint32_t>(m.size1()));

@@ -114,7 +114,8 @@ private:
     XMLContentHandler* target_ = nullptr;
 };
 
-Serializer::Serializer(DataObject& owner) : owner_(owner), defaultHandler_(std::make_unique<HexContentHandler>(*this)) {}
+Serializer::Serializer(DataObject& owner)
+    : owner_(owner), defaultHandler_(std::make_unique<HexContentHandler>(*this)) {}
 
 Serializer::~Serializer() = default;
 

@@ -5,7 +5,8 @@
 
 namespace Orx::DataCore {
 
-StringSerializer::StringSerializer(DataObject& owner, std::string& value) : BuiltInSerializerBase(owner), value_(value) {}
+StringSerializer::StringSerializer(DataObject& owner, std::string& value)
+    : BuiltInSerializerBase(owner), value_(value) {}
 
 void StringSerializer::DataToXML(Orx::Core::XMLWriter& writer) const {
     LabelElement(writer);
