@@ -42,15 +42,16 @@ struct Block {
 // A section as it is written: its keys, in order, and the sections below it.
 struct Node {
     const DataContainer* section;
+    DataContainerPtr keep;  // holds a section below the root for the length of the write
     std::vector<std::pair<std::string, ContainerValue>> entries;
     std::vector<Node> children;
-    std::vector<std::size_t> blockOf;  // for each entry, its block, or npos
+    std::vector<std::size_t> blockOf;  // for each entry, its block, or kNoBlock
 };
 
 constexpr std::size_t kNoBlock = static_cast<std::size_t>(-1);
 
-Node snapshot(const DataContainer& section, std::vector<Block>& blocks) {
-    Node node{&section, section.GetEntries(), {}, {}};
+Node snapshot(const DataContainer& section, DataContainerPtr keep, std::vector<Block>& blocks) {
+    Node node{&section, std::move(keep), section.GetEntries(), {}, {}};
     for (const auto& [key, value] : node.entries) {
         if (!value.IsMatrix()) {
             node.blockOf.push_back(kNoBlock);
@@ -65,7 +66,7 @@ Node snapshot(const DataContainer& section, std::vector<Block>& blocks) {
         blocks.push_back(std::move(b));
     }
     for (const auto& child : section.GetChildren()) {
-        node.children.push_back(snapshot(*child, blocks));
+        node.children.push_back(snapshot(*child, child, blocks));
     }
     return node;
 }
@@ -258,7 +259,7 @@ private:
 
 void ContainerWriter::Write(const std::string& fileType, const DataContainer& root, Sink& sink) {
     std::vector<Block> blocks;
-    Node tree = snapshot(root, blocks);
+    Node tree = snapshot(root, nullptr, blocks);
     for (auto& b : blocks) {
         if (!b.inSection) {
             sizeOwnBlock(b);

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 using namespace Orx::DataCore;
 using Orx::Core::UnitizedValue;
 
@@ -154,6 +157,33 @@ TEST(ContainerValue, MatricesAreSharedAndTypedReadsLeaveThemAlone) {
     auto copy = c->Clone();
     (*m)(1, 1) = 10;
     EXPECT_EQ((*copy->GetRawData("RawData"))(1, 1), 9) << "a clone owns its samples";
+}
+
+TEST(ContainerValue, ThreadsSeeWholeValues) {
+    auto c = Section();
+    const std::vector<std::string> shortList{"a"};
+    const std::vector<std::string> longList(64, std::string(100, 'x'));
+    std::vector<std::thread> threads;
+    std::atomic<int> torn{0};
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&, t] {
+            for (int i = 0; i < 2000; ++i) {
+                if (t % 2 == 0) {
+                    c->SetValue("Names", (i % 2 == 0) ? shortList : longList);
+                } else {
+                    std::vector<std::string> seen;
+                    if (!c->GetValue("Names", seen) || (seen != shortList && seen != longList &&
+                                                        seen != std::vector<std::string>{"a", "b"})) {
+                        ++torn;
+                    }
+                }
+            }
+        });
+    }
+    for (auto& t : threads) {
+        t.join();
+    }
+    EXPECT_EQ(torn.load(), 0);
 }
 
 TEST(ContainerValue, AddParmPlacesBehindTheNamedKey) {
