@@ -48,6 +48,6 @@ private:
     TefDocument& document_;
     TefPixelConverter converter_;
     std::int64_t parameterEnd_ = 0;
-    std::uint64_t pixelBytesRead_ = 0;
+    std::uint64_t sectionBytesRead_ = 0;
     std::size_t pixelStores_ = 0;
 };

@@ -64,13 +64,15 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
     if (section.dataSize > reader_.Remaining())
         throw std::runtime_error(TefFormat::Message::kUnexpectedEnd);
     const std::uint8_t* stored = reader_.Take(static_cast<std::size_t>(section.dataSize));
+    // Sections lie one behind the other, so together they fit in the file,
+    // each with its head, image block and pixels. Header lengths that lead
+    // back would read the same bytes again, and empty images would do so
+    // once for every channel the head claims.
+    sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + section.dataSize;
+    if (sectionBytesRead_ > reader_.Size())
+        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
     if (count == 0)
         return;
-    // Sections lie one behind the other, so their pixels together fit in the
-    // file; header lengths that lead back would read the same pixels again.
-    pixelBytesRead_ += section.dataSize;
-    if (pixelBytesRead_ > reader_.Size())
-        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
     try {
         section.pixels.resize(count);
     } catch (const std::bad_alloc&) {

@@ -1,0 +1,146 @@
+#include "QlDataAnalysisExt/Tef/TefOLDataSource.h"
+
+#include "Platform/FileSystem.h"
+#include "Platform/UserMessage.h"
+#include "QlDataAnalysisExt/Tef/TefDocument.h"
+#include "QlDataAnalysisExt/Tef/TefWalker.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+
+namespace {
+
+// The misspelling is the text users have always been shown.
+constexpr const char* kUnknownReadFailure = "An uknown exception was caught while reading the file.";
+
+constexpr const char* kImageSubType = "IMAGE";
+
+template <class Table>
+void EraseAt(Table& table, unsigned index)
+{
+    if (index < table.size())
+        table.erase(table.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+}  // namespace
+
+TefOLDataSource::TefOLDataSource(std::string path) { filePath = std::move(path); }
+
+// The pixel arrays go with channelPixels; the items only borrowed them.
+TefOLDataSource::~TefOLDataSource() = default;
+
+void TefOLDataSource::Initialize()
+{
+    SetFileTitleFromPath();
+    std::vector<std::uint8_t> contents;
+    if (!ReadFile(contents))
+        return;
+    // A refused file reaches the user with the refusal's own text; the
+    // source keeps what it had built and stays not open.
+    try {
+        Load(contents);
+    } catch (const std::exception& error) {
+        Orx::Core::ShowUserMessage(error.what());
+    } catch (...) {
+        Orx::Core::ShowUserMessage(kUnknownReadFailure);
+    }
+}
+
+bool TefOLDataSource::ReadFile(std::vector<std::uint8_t>& contents) const
+{
+    Orx::Core::RandomAccessFile file;
+    if (!file.Open(filePath))
+        return false;
+    // Only the low 32 bits of the length were ever used.
+    const auto length = static_cast<std::uint32_t>(file.Length());
+    if (length == 0)
+        return false;
+    try {
+        contents.resize(length);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    try {
+        file.ReadAt(0, contents.data(), contents.size());
+    } catch (const Orx::Core::FileException& error) {
+        Orx::Core::ShowUserMessage(error.what());
+        return false;
+    }
+    return true;
+}
+
+void TefOLDataSource::Load(const std::vector<std::uint8_t>& contents)
+{
+    TefDocument document;
+    std::exception_ptr refusal;
+    try {
+        TefWalker::Walk(contents.data(), contents.size(), document);
+    } catch (...) {
+        refusal = std::current_exception();
+    }
+    Adopt(document);
+    if (refusal)
+        std::rethrow_exception(refusal);
+    fileSubType = kImageSubType;
+    opened = true;
+}
+
+// ---- overrides ----------------------------------------------------------------
+
+// written with saving
+bool TefOLDataSource::SaveAs(const std::string&, bool) { return false; }
+
+bool TefOLDataSource::IsImageFile() const { return true; }
+
+void TefOLDataSource::SetDataScale(unsigned channel, UValue& value, bool)
+{
+    // A ".tef" channel's data scale is always given in its metric unit.
+    if (OLDataItem* item = writeItem(channel))
+        item->SetDataScale(value, true);
+}
+
+void TefOLDataSource::SetChannelParameters(unsigned channel, float factor)
+{
+    if (factor > 0.0f) {
+        if (OLDataItem* item = writeItem(channel))
+            item->SetZScaleInSwUnits(item->GetZScaleInSwUnits() / factor);
+    }
+    // The data scale follows the Z scale, in the channel's own unit.
+    const double zScale = GetZScaleInSwUnits(channel);
+    UValue scale = InKnownUnit(zScale, GetDataScaleName(channel)).value_or(UValue(zScale, kArbitraryUnit));
+    SetDataScale(channel, scale, true);
+}
+
+void TefOLDataSource::RemoveChannel(unsigned channel)
+{
+    // Each table by itself: a later save writes the channels that remain.
+    // The counts are the caller's to lower.
+    EraseAt(items, channel);
+    EraseAt(channelPixels, channel);
+    EraseAt(channelTable, channel);
+    EraseAt(channelRecords, channel);
+}
+
+std::vector<std::string> TefOLDataSource::GetDataPlistNames() { return {}; }
+
+std::string TefOLDataSource::GetParameterListForItem(const std::string&, const std::string&) { return {}; }
+
+// written with saving
+bool TefOLDataSource::SaveChannelAs(unsigned, const std::string&, bool) { return false; }
+
+// A ".tef" file is written byte by byte, never through a data file.
+bool TefOLDataSource::WriteDataFile(const DataFilePtr&, bool) { return false; }
+
+void TefOLDataSource::WriteChannelHeader(const DataFilePtr&, const DataContainerPtr&, unsigned, const std::string&,
+                                         const std::string&, const std::string&, const std::string&)
+{
+}
+
+bool TefOLDataSource::WriteChannelData(const DataFilePtr&, const DataContainerPtr&, unsigned, const std::string&,
+                                       const std::string&)
+{
+    return false;
+}
+
+DataFilePtr TefOLDataSource::CreateDataFile(const std::string&) { return {}; }
