@@ -237,7 +237,13 @@ void OLDataItem::ReadRecord(Archive& ar) {
         tipHalfAngle = ar.ReadF64();
         samplePoissonRatio = ar.ReadF64();
     }
-    dataSize = ar.ReadU32();
+    const std::uint32_t size = ar.ReadU32();
+    // The record tells of samples that it does not carry: a borrowed buffer of
+    // another length would be read past its end.
+    if (size != dataSize) {
+        data = nullptr;
+    }
+    dataSize = size;
     wasFlag = ar.ReadBool();
     linesWereSet = ar.ReadBool();
     samplesWereSet = ar.ReadBool();

@@ -10,7 +10,13 @@
 double OLDataItem::RawToValue(std::int64_t raw, bool soft) const {
     const double scale = soft ? zScaleSw : zScaleHw;
     const double divisor = kRawRange / scale;
-    return static_cast<double>(raw - zOffset) / divisor;
+    // The difference is exact in 64 bits; an offset read from a record may be
+    // anything, and a difference beyond them is taken in floating point.
+    std::int64_t difference = 0;
+    const double counts = __builtin_sub_overflow(raw, zOffset, &difference)
+                              ? static_cast<double>(raw) - static_cast<double>(zOffset)
+                              : static_cast<double>(difference);
+    return counts / divisor;
 }
 
 std::int64_t OLDataItem::ValueToRaw(double value, bool soft) const {
@@ -196,8 +202,9 @@ void contrastEnds(std::int32_t lo, std::int32_t hi, double contrast, std::int64_
     const double r = static_cast<double>(hi) - static_cast<double>(lo);
     const double c = lo + r * 0.5;
     const double h = r * contrast * 0.5;
-    low = static_cast<std::int64_t>(c - h);
-    high = static_cast<std::int64_t>(c + h);
+    // The contrast comes from a record and may widen past any count.
+    low = TruncateToInt64(c - h);
+    high = TruncateToInt64(c + h);
 }
 }  // namespace
 
