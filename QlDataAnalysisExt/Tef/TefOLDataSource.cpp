@@ -95,9 +95,18 @@ bool TefOLDataSource::IsImageFile() const { return true; }
 
 void TefOLDataSource::SetDataScale(unsigned channel, UValue& value, bool)
 {
-    // A ".tef" channel's data scale is always given in its metric unit.
-    if (OLDataItem* item = writeItem(channel))
+    OLDataItem* item = writeItem(channel);
+    if (!item)
+        return;
+    // A ".tef" channel's data scale is always given in its metric unit. Its
+    // sensitivity is 1 of that same unit, so undoing the sensitivity leaves
+    // the value as it is; the general way back passes through volts, which
+    // a unit of another dimension cannot take.
+    try {
         item->SetDataScale(value, true);
+    } catch (const UValue::XNoUnitConversion&) {
+        item->SetDataScale(value, false);
+    }
 }
 
 void TefOLDataSource::SetChannelParameters(unsigned channel, float factor)
