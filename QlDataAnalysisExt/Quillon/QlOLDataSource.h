@@ -8,6 +8,8 @@
 //   QlOLDataSourceScan.cpp      equipment, scan section, scanner list, probe list
 //   QlOLDataSourceForce.cpp     force list, high-speed list, electrochemistry lists
 //   QlOLDataSourceChannels.cpp  the channel loop: one item per channel section
+//   QlOLDataSourceChannelScales.cpp  a channel's Z scale, the legacy scale, the high-speed scales
+//   QlOLDataSourceSensitivity.cpp    sensitivity lookup, scaled values, the scale combination
 //   QlOLDataSourceRepair.cpp    the repair of invalid samples
 //   QlOLDataSourceOverrides.cpp Z offsets, scale and sensitivity changes, channel removal
 //   QlOLDataSourceSave.cpp      writing the record and the items back into a file
@@ -15,8 +17,12 @@
 #include "QlDataAnalysisExt/Core/OLDataSource.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <vector>
+
+struct OLDataItemLoadRecord;
+class QlSectionReader;
 
 class QlOLDataSource : public OLDataSource {
 public:
@@ -74,24 +80,90 @@ public:
     std::string FindSensSection(const std::string& name) const;
     std::string GetSensString(const std::string& name) const;
 
+    // The combination of a value with a scale (a sensitivity with a hardware
+    // scale): the product of the numbers in a's unit, a's number first turned
+    // into volts where a is in a voltage unit and b has a unit at all.
+    static UValue CombineScales(const UValue& a, const UValue& b);
+
+    // The one repair rule of invalid samples, on a row-major image of the
+    // item's lines and samples per line; public for the tests.
+    static void RepairInvalidSamples(OLDataItem& item);
+
 private:
+    // What a channel's section is, by the subtype and the section's name.
+    enum class ChannelKind { Image, Force, Electrochemistry, HighSpeed, Other };
+
+    // ---- QlOLDataSource.cpp ----
+    bool readOverview(const QlSectionReader& overview);
+    bool readFileSection(const QlSectionReader& fileSection);
+    bool isElectrochemistry() const { return subtypeIsOneOf({"ECAFM", "ECSTM", "EC"}); }
+
     // ---- QlOLDataSourceScan.cpp ----
     void readEquipment(const DataContainerPtr& section);
     void readScanSection(const DataContainerPtr& section);
     void readScannerList(const DataContainerPtr& section);
     void readProbeList(const DataContainerPtr& section);
+    void readFeedback(const QlSectionReader& scan);
+    void readSetpoint(const QlSectionReader& scan);
+    void readLinesAndAspectRatio(const QlSectionReader& scan);
+    void readScanSecondGroup(const QlSectionReader& scan);
+    void readCrestload(const QlSectionReader& scan);
+    void readForceVolumeGroup(const QlSectionReader& scan);
+    void readHighSpeedParameters(const QlSectionReader& scan);
+    // "Sync Distance", replaced by "Sync Distance SNT" where that is above 0.01.
+    void readSyncDistance(const QlSectionReader& scan);
+    // A "KHz" as the last word of a frequency text, as older files write it,
+    // becomes the "kHz" that the unit dictionary knows.
+    static std::string KilohertzSpelled(const std::string& text);
 
     // ---- QlOLDataSourceForce.cpp ----
     void readForceList(const DataContainerPtr& section);
     void readHsdcList(const DataContainerPtr& section);
     void readEcList(const DataContainerPtr& section);
+    void readTriggerGroup(const QlSectionReader& force);
+    void readRampGroup(const QlSectionReader& force);
+    void readSweep(const QlSectionReader& force);
+    // The first sweep bound of the stem that a key holds, "KHz" read as "kHz".
+    UValue readSweepBound(const QlSectionReader& force, const std::string& stem) const;
+    // "@EC Pot Input" and its like: the hard value of the text combined with
+    // the sensitivity that the text names; 1.0 when the key is missing.
+    UValue readEcScaledValue(const QlSectionReader& section, const std::string& key) const;
+    // "@2:EC Pot Output" and its like: the hard number in the text's unit.
+    static UValue readEcScaledOutput(const QlSectionReader& section, const std::string& key);
 
     // ---- QlOLDataSourceChannels.cpp ----
     // Builds channel i's item; false (with its message logged) ends Initialize.
     bool readChannel(unsigned channel);
+    ChannelKind channelKind(const std::string& plistName) const;
+    void readForceChannel(const QlSectionReader& s, OLDataItemLoadRecord& r, int plistClass);
+    void readImageChannel(const QlSectionReader& s, OLDataItemLoadRecord& r, bool& repair);
+    void readEcChannel(const QlSectionReader& s, OLDataItemLoadRecord& r);
+    // The colour table index of a channel as the host's callback wants it;
+    // the settings themselves are read too where load is set.
+    void readColorSettings(const QlSectionReader& s, OLDataItemLoadRecord& r, bool load);
+    // The image data key of the kind; false where a subtype that needs one has none.
+    bool readDataName(const QlSectionReader& s, OLDataItemLoadRecord& r, ChannelKind kind, int plistClass);
+    void readCommonContinuation(const QlSectionReader& s, OLDataItemLoadRecord& r);
+    void readCommonEnd(const QlSectionReader& s, OLDataItemLoadRecord& r, OLDataItem& item);
+    // The aspect ratio that files older than 0x06000000 (but 0x04240000) carry
+    // wrongly, recomputed from columns and rows.
+    bool recomputesAspectRatio(const std::string& plistName) const;
 
-    // ---- QlOLDataSourceRepair.cpp ----
-    static void repairInvalidSamples(OLDataItem& item);
+    // ---- QlOLDataSourceChannelScales.cpp ----
+    void readHighSpeedChannel(const QlSectionReader& s, OLDataItemLoadRecord& r);
+    void readZScale(const QlSectionReader& s, OLDataItemLoadRecord& r);
+    float readLegacyZScale(const std::string& text, OLDataItemLoadRecord& r) const;
+    void readInputOffset(const QlSectionReader& s, OLDataItemLoadRecord& r);
+
+    // ---- QlOLDataSourceSensitivity.cpp ----
+    // A scaled value of a force channel or a limit: its soft value and the
+    // number and unit of the sensitivity it names.
+    ScaleGroup readScaleGroup(const std::string& text) const;
+    // Pressures above a million pascal read in "MPa", above a milliard in "GPa".
+    static void ReadablePressure(double& value, std::string& unit);
+    // A value in a unit of the dictionary; without a unit where the dictionary
+    // does not know the name.
+    static UValue ValueIn(double value, const std::string& unitName);
 
     bool subtypeIs(const char* subtype) const { return fileSubType == subtype; }
     bool subtypeIsOneOf(std::initializer_list<const char*> subtypes) const;
