@@ -8,6 +8,9 @@
 #include "Platform/MemoryProbe.h"
 #include "Platform/UserMessage.h"
 
+#include <optional>
+#include <tuple>
+
 void OLDataSource::ProbeSaveMemory() const {
     std::vector<std::size_t> blocks;
     for (int c = 0; c < numberOfChannels && static_cast<std::size_t>(c) < items.size(); ++c) {
@@ -18,10 +21,19 @@ void OLDataSource::ProbeSaveMemory() const {
 
 bool OLDataSource::SaveAs(const std::string& path, bool flag) {
     // A failed save leaves the source as it was: what the writers change on
-    // the way (offsets, lengths) is put back.
-    const std::vector<OLDataItem> keptItems = items;
-    const std::uint32_t keptLength = dataLength;
+    // the way (offsets, lengths, dirty marks) is put back. The copy is taken
+    // inside the guard, so that not even its memory can make SaveAs throw.
+    auto marks = [this] {
+        return std::tie(linesChanged, samplesChanged, rotationChanged, channelLinesChanged, channelSamplesChanged);
+    };
+    struct Kept {
+        std::vector<OLDataItem> items;
+        std::uint32_t dataLength;
+        std::tuple<bool, bool, bool, bool, bool> marks;
+    };
+    std::optional<Kept> kept;
     try {
+        kept.emplace(Kept{items, dataLength, marks()});
         ProbeSaveMemory();
         DataFilePtr file = CreateDataFile(path);
         if (!file) {
@@ -41,8 +53,11 @@ bool OLDataSource::SaveAs(const std::string& path, bool flag) {
         file->Close();
         return true;
     } catch (...) {
-        items = keptItems;
-        dataLength = keptLength;
+        if (kept) {
+            items = std::move(kept->items);
+            dataLength = kept->dataLength;
+            marks() = kept->marks;
+        }
         Orx::Core::ShowUserMessage("Cannot save as another file, out of memory. ");
         return false;
     }
