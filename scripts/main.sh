@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# The main job: installs what is missing, builds the library and its tools
+# (Release, in build/release), makes the sample files in samples/, and shows
+# one of them through dstool: its description and a picture of its topography.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+root=$(pwd)
+
+./scripts/bootstrap.sh
+
+jobs=${DS_JOBS:-$(nproc)}
+mkdir -p build
+cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release >build/release.configure.log 2>&1 \
+  || { cat build/release.configure.log; exit 1; }
+cmake --build build/release --target DataSourceDll dstool samplegen -j "$jobs"
+
+dstool=build/release/tools/dstool/dstool
+echo
+echo "== samples"
+build/release/tools/samplegen/samplegen samples
+
+echo
+echo "== dstool info samples/grating.tef"
+"$dstool" info samples/grating.tef
+
+echo
+echo "== dstool export samples/grating.tef --channel 0 --png samples/topography.png"
+"$dstool" export samples/grating.tef --channel 0 --png samples/topography.png
+
+echo
+echo "The topography of the grating is in $root/samples/topography.png"

@@ -1,0 +1,26 @@
+#include "tools/dstool/Command.h"
+
+#include "tools/dstool/ExportCommand.h"
+#include "tools/dstool/InfoCommand.h"
+
+namespace Dstool {
+
+const std::vector<Command>& Commands()
+{
+    static const std::vector<Command> commands{
+        InfoCommand(),
+        ExportCommand(),
+    };
+    return commands;
+}
+
+const Command* FindCommand(const std::string& name)
+{
+    for (const Command& command : Commands()) {
+        if (command.name == name)
+            return &command;
+    }
+    return nullptr;
+}
+
+}  // namespace Dstool
