@@ -4,6 +4,7 @@
 
 #include "QlDataAnalysisExt/Core/IOLDataSource.h"
 #include "QlDataAnalysisExt/Core/OLTypes.h"
+#include "QlDataAnalysisExt/Core/UnitHelpers.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -131,13 +132,17 @@ int GetForceVolumeForceCurveData(IOLDataSource& s, int curve, double* first, dou
     const int trace = static_cast<int>(s.GetTracePoints(1));
     *firstCount = trace;
     *secondCount = trace;
-    if (bufferSize < *secondCount || curve >= s.GetForcesPerLine() || trace < 0) {
+    if (bufferSize < *secondCount || curve < 0 || curve >= s.GetForcesPerLine() || trace < 0) {
         return -1;
     }
     const double factor = ForceFactor(s, 1, units, true);
     std::int32_t* d = s.GetForceVolumeCurveData(1, curve);
+    if (!d) {
+        // Without a curve there is nothing to hand out, capture or not.
+        return 1;
+    }
     const std::uint64_t n = static_cast<std::uint64_t>(*firstCount) + static_cast<std::uint64_t>(*secondCount);
-    if (d && available(s, 1, d) < n) {
+    if (available(s, 1, d) < n) {
         return -1;
     }
 
@@ -148,28 +153,25 @@ int GetForceVolumeForceCurveData(IOLDataSource& s, int curve, double* first, dou
         } catch (const std::bad_alloc&) {
             return -1;
         }
-        const int shift = static_cast<int>(CapturePhase(s, static_cast<int>(n)) + 0.5);
-        if (d) {
-            for (std::uint64_t k = 0; k < n; ++k) {
-                if (d[k] == kInvalidForcePoint) {
-                    // The first mark only: the mean of its left neighbour and
-                    // the curve's last point. A mark at the very start has no
-                    // left neighbour and takes the last point.
-                    const double left = k > 0 ? d[k - 1] : d[n - 1];
-                    d[k] = static_cast<std::int32_t>((left + d[n - 1]) * 0.5);
-                    break;
-                }
+        // The sync distance comes from the file: the shift saturates rather
+        // than leave the integers.
+        const int shift = TruncateToInt32(CapturePhase(s, static_cast<int>(n)) + 0.5);
+        for (std::uint64_t k = 0; k < n; ++k) {
+            if (d[k] == kInvalidForcePoint) {
+                // The first mark only: the mean of its left neighbour and the
+                // curve's last point. A mark at the very start has no left
+                // neighbour and takes the last point.
+                const double left = k > 0 ? d[k - 1] : d[n - 1];
+                d[k] = static_cast<std::int32_t>((left + d[n - 1]) * 0.5);
+                break;
             }
         }
         resynchronise(d, e.data(), *firstCount, *secondCount, shift);
         for (int i = 0; i < *firstCount / 2; ++i) {
             std::swap(e[static_cast<std::size_t>(i)], e[static_cast<std::size_t>(*firstCount - 1 - i)]);
         }
-        // Without a curve there is nothing to hand out, capture or not.
-        if (d) {
-            d = e.data();
-        }
-    } else if (d) {
+        d = e.data();
+    } else {
         // Trailing invalid points are cut from the first count.
         for (int i = *firstCount - 1; i >= 0; --i) {
             if (d[i] != kInvalidForcePoint) {
@@ -178,13 +180,11 @@ int GetForceVolumeForceCurveData(IOLDataSource& s, int curve, double* first, dou
             }
         }
     }
-    if (d) {
-        for (int i = 0; i < *firstCount; ++i) {
-            first[i] = d[i] * factor;
-        }
-        for (int j = 0; j < *secondCount; ++j) {
-            second[j] = d[*secondCount + j] * factor;
-        }
+    for (int i = 0; i < *firstCount; ++i) {
+        first[i] = d[i] * factor;
+    }
+    for (int j = 0; j < *secondCount; ++j) {
+        second[j] = d[*secondCount + j] * factor;
     }
     return 1;
 }

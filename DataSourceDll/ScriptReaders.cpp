@@ -5,7 +5,10 @@
 #include "Parm/UnitVocabulary.h"
 #include "Parm/segment_type_force.h"
 #include "QlDataAnalysisExt/Core/IOLDataSource.h"
+#include "QlDataAnalysisExt/Core/UnitHelpers.h"
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <new>
@@ -42,6 +45,11 @@ void parseList(const std::string& text, int count, T* out, Parse parse) {
     }
 }
 
+// The entries that a list holds: one more than its commas, none when empty.
+int listEntries(const std::string& text) {
+    return text.empty() ? 0 : 1 + static_cast<int>(std::count(text.begin(), text.end(), ','));
+}
+
 int parseInt(const std::string& entry) { return std::atoi(entry.c_str()); }
 float parseFloat(const std::string& entry) { return static_cast<float>(std::atof(entry.c_str())); }
 
@@ -51,6 +59,13 @@ double inBaseUnit(const UValue& value) {
     const double factor =
         Orx::Core::BaseUnitOfCode(Orx::Core::UnitCodeOfText(value.GetUnits()->GetAbbreviation()), base);
     return value.GetValue() * factor;
+}
+
+void readSegmentLists(IOLDataSource& s, int count, int* samples, int* size, int* type, float* duration) {
+    parseList(s.GetSegmentSamplesList(), count, samples, parseInt);
+    parseList(s.GetSegmentSizeList(), count, size, parseInt);
+    parseList(s.GetSegmentTypeList(), count, type, parseInt);
+    parseList(s.GetSegmentDurationList(), count, duration, parseFloat);
 }
 
 void captureSetup(int n, double s, double amplitude) {
@@ -95,10 +110,7 @@ int GetOriginalScriptSegmentInfo(IOLDataSource& s, int count, int* samples, int*
     if (segments < 1 || segments != count) {
         return -1;
     }
-    parseList(s.GetSegmentSamplesList(), count, samples, parseInt);
-    parseList(s.GetSegmentSizeList(), count, size, parseInt);
-    parseList(s.GetSegmentTypeList(), count, type, parseInt);
-    parseList(s.GetSegmentDurationList(), count, duration, parseFloat);
+    readSegmentLists(s, count, samples, size, type, duration);
     return 1;
 }
 
@@ -142,11 +154,17 @@ int GetScriptSegmentData(IOLDataSource& s, int c, int segment, int points, doubl
         return -1;
     }
     const int first = segment >= 0 ? segment : 0;
-    const int last = segment >= 0 ? segment : n - 1;
+    // Segments past the entries of every list are empty, whatever count the
+    // file gives: the arrays hold the segments that the lists describe.
+    const int listed = std::max(0, std::min(n, std::max({listEntries(s.GetSegmentSamplesList()),
+                                                         listEntries(s.GetSegmentSizeList()),
+                                                         listEntries(s.GetSegmentTypeList()),
+                                                         listEntries(s.GetSegmentDurationList())})));
+    const int last = std::min(segment >= 0 ? segment : n - 1, listed - 1);
     std::vector<int> samples, sizes, types;
     std::vector<float> durations;
     try {
-        const std::size_t len = static_cast<std::size_t>(n > 0 ? n : 0);
+        const auto len = static_cast<std::size_t>(listed);
         samples.assign(len, 0);
         sizes.assign(len, 0);
         types.assign(len, 0);
@@ -155,7 +173,7 @@ int GetScriptSegmentData(IOLDataSource& s, int c, int segment, int points, doubl
         return -1;
     }
     const double factor = units == ScanUnitsMetric || units == ScanUnitsVolts ? ForceFactor(s, c, units, false) : 1.0;
-    GetOriginalScriptSegmentInfo(s, n, samples.data(), sizes.data(), types.data(), durations.data());
+    readSegmentLists(s, listed, samples.data(), sizes.data(), types.data(), durations.data());
 
     long long total = 0, start = 0, wanted = 0;
     for (int i = 0; i <= last; ++i) {
@@ -192,8 +210,9 @@ int GetScriptSegmentData(IOLDataSource& s, int c, int segment, int points, doubl
 }
 
 int GetCrestloadCaptureZData(IOLDataSource& s, double* first, double* second, int firstCount, int secondCount) {
-    if (!first || !second || firstCount < 0 || secondCount < 0 ||
-        static_cast<long long>(firstCount) + secondCount <= 0 || !CaptureIsOn(s)) {
+    const long long total = static_cast<long long>(firstCount) + secondCount;
+    if (!first || !second || firstCount < 0 || secondCount < 0 || total <= 0 || total > INT_MAX ||
+        !CaptureIsOn(s)) {
         return -1;
     }
     const int n = firstCount + secondCount;
@@ -223,7 +242,7 @@ int GetHsdcRate(IOLDataSource& s, int c, double* out) {
     if (*out == 0.0) {
         if (c >= 2) {
             *out = 500000.0;
-        } else if (static_cast<long long>(s.GetHsdcRate().GetValue() + 0.5) == 0) {
+        } else if (TruncateToInt64(s.GetHsdcRate().GetValue() + 0.5) == 0) {
             *out = 50000000.0;
         } else {
             *out = 6250000.0;
