@@ -11,11 +11,7 @@ using TefTest::RefusalOf;
 
 namespace {
 
-struct Damage {
-    const char* name;
-    std::function<void(TefBuilder&)> apply;
-    const char* message;
-};
+using TefTest::Damage;
 
 std::int32_t ParameterBytes(const TefBuilder& builder)
 {

@@ -2,23 +2,14 @@
 // damaged file never gets further than that.
 
 #include "Tef/TefSourceTestSupport.h"
+#include "Tef/TefTestSupport.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 using SampleKit::TefBuilder;
 using TefTest::TefSourceTest;
 
-namespace {
-
-struct Damage {
-    const char* name;
-    std::function<void(TefBuilder&)> apply;
-    const char* message;
-};
-
-}  // namespace
+using TefTest::Damage;
 
 TEST_F(TefSourceTest, RefusalsReachTheUserWithTheirOwnText)
 {

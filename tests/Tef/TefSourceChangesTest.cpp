@@ -17,7 +17,7 @@ class TefSourceChangesTest : public TefTest::TefSourceTest {
 protected:
     std::unique_ptr<TefOLDataSource> Load(const TefBuilder& builder)
     {
-        path = TefTest::TempPath("changes.tef");
+        path = TestTempPath("changes.tef");
         TefTest::WriteBytes(path, builder.Bytes());
         auto source = std::make_unique<TefOLDataSource>(path);
         source->Initialize();

@@ -19,7 +19,7 @@ class TefSourceRecordTest : public TefTest::TefSourceTest {
 protected:
     std::unique_ptr<TefOLDataSource> Load(const TefBuilder& builder, const std::string& name = "record.tef")
     {
-        path = TefTest::TempPath(name);
+        path = TestTempPath(name);
         TefTest::WriteBytes(path, builder.Bytes());
         auto source = std::make_unique<TefOLDataSource>(path);
         source->Initialize();

@@ -6,29 +6,16 @@
 #include "DataSourceDll/DataSourceDll.h"
 #include "Platform/FileSystem.h"
 #include "Platform/UserMessage.h"
+#include "support/TestTempPath.h"
 #include "tools/samplekit/TefBuilder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace TefTest {
-
-// Under the folder the test runner names, or one of our own in the system's
-// temporary folder.
-inline std::string TempPath(const std::string& name)
-{
-    const char* base = std::getenv("DS_TEST_TMP");
-    const std::filesystem::path dir = base != nullptr && *base != '\0'
-                                          ? std::filesystem::path(base)
-                                          : std::filesystem::temp_directory_path() / "ds_tef_tests";
-    std::filesystem::create_directories(dir);
-    return (dir / name).string();
-}
 
 inline void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes)
 {
@@ -76,7 +63,7 @@ protected:
 
     int OpenBytes(const std::vector<std::uint8_t>& bytes, const std::string& name = "file.tef")
     {
-        path = TempPath(name);
+        path = TestTempPath(name);
         WriteBytes(path, bytes);
         return OpenPath(path);
     }

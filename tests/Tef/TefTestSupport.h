@@ -6,11 +6,19 @@
 #include "tools/samplekit/TefBuilder.h"
 
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace TefTest {
+
+// A damage done to a built file, and the refusal it must meet.
+struct Damage {
+    const char* name;
+    std::function<void(SampleKit::TefBuilder&)> apply;
+    const char* message;
+};
 
 inline TefDocument Walk(const std::vector<std::uint8_t>& bytes)
 {

@@ -42,6 +42,16 @@ void PrintText(const FileDescription& file)
     }
 }
 
+// The same value in the two unit systems of a channel.
+template <class Value>
+void MetricAndVolts(JsonWriter& json, const std::string& key, const Value& metric, const Value& volts)
+{
+    json.BeginObject(key);
+    json.Member("metric", metric);
+    json.Member("volts", volts);
+    json.EndObject();
+}
+
 void PrintJson(const FileDescription& file)
 {
     JsonWriter json;
@@ -57,14 +67,8 @@ void PrintJson(const FileDescription& file)
         json.Member("name", c.name);
         json.Member("lines", c.lines);
         json.Member("samples", c.samples);
-        json.BeginObject("units");
-        json.Member("metric", c.metricUnit);
-        json.Member("volts", c.voltsUnit);
-        json.EndObject();
-        json.BeginObject("zScale");
-        json.Member("metric", c.zScaleMetric);
-        json.Member("volts", c.zScaleVolts);
-        json.EndObject();
+        MetricAndVolts(json, "units", c.metricUnit, c.voltsUnit);
+        MetricAndVolts(json, "zScale", c.zScaleMetric, c.zScaleVolts);
         json.BeginObject("scanSize");
         json.Member("value", c.scanSize);
         json.Member("unit", c.scanSizeUnit);
