@@ -6,6 +6,7 @@
 #include "QlDataAnalysisExt/Core/UnitHelpers.h"
 #include "QlDataAnalysisExt/Tef/TefDocument.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -63,12 +64,19 @@ std::optional<UValue> TefOLDataSource::InKnownUnit(double value, const std::stri
 void TefOLDataSource::Adopt(TefDocument& document)
 {
     AdoptSourceValues(document);
-    for (std::size_t i = 0; i < document.sections.size() && i < document.channels.size(); ++i) {
-        TefChannelSection& section = document.sections[i];
-        if (!section.complete)
-            break;
-        AdoptChannel(i, section, document.channels[i], document.note);
-    }
+    // Only sections read whole become channels, so a head that claims more
+    // channels than the file holds costs nothing; the tables are sized once,
+    // as an item is large beside the bytes of an empty section.
+    const auto read = static_cast<std::size_t>(
+        std::find_if(document.sections.begin(), document.sections.end(),
+                     [](const TefChannelSection& section) { return !section.complete; }) -
+        document.sections.begin());
+    const std::size_t count = std::min(read, document.channels.size());
+    channelRecords.reserve(count);
+    channelPixels.reserve(count);
+    items.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        AdoptChannel(i, document.sections[i], document.channels[i], document.note);
 }
 
 void TefOLDataSource::AdoptSourceValues(const TefDocument& d)
