@@ -7,8 +7,6 @@
 #include "QlDataAnalysisExt/Tef/TefDocument.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -16,18 +14,6 @@ namespace {
 constexpr const char* kMetricUnits = "Metric";
 constexpr const char* kNanometres = "nm";
 constexpr const char* kHertz = "Hz";
-
-// A double of the file held as a float, as the formats of the record want it;
-// values beyond the float range become infinite rather than undefined.
-float ToFloat(double value)
-{
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    if (value > kLargest)
-        return std::numeric_limits<float>::infinity();
-    if (value < -kLargest)
-        return -std::numeric_limits<float>::infinity();
-    return static_cast<float>(value);
-}
 
 }  // namespace
 
@@ -45,11 +31,12 @@ float TefOLDataSource::AspectRatio(double scanSizeX, double scanSizeY)
 {
     if (scanSizeY == 0.0)
         return 1.0f;
-    const float height = ToFloat(scanSizeY);
+    // Doubles beyond the float range become infinite, as IEEE floats have it.
+    const auto height = static_cast<float>(scanSizeY);
     // A height too small for a float gives no ratio either.
     if (height == 0.0f)
         return 1.0f;
-    return ToFloat(scanSizeX) / height;
+    return static_cast<float>(scanSizeX) / height;
 }
 
 std::optional<UValue> TefOLDataSource::InKnownUnit(double value, const std::string& unit)
@@ -181,7 +168,7 @@ void TefOLDataSource::SetChannelUnits(OLDataItemLoadRecord& record, const TefCha
     if (!settings.zRange)
         return;
     const double zRange = *settings.zRange;
-    record.softScale = ToFloat(zRange);
+    record.softScale = static_cast<float>(zRange);
     if (std::optional<UValue> known = InKnownUnit(zRange, settings.zRangeUnit)) {
         record.zRange = *known;
         return;
