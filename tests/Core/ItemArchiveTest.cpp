@@ -42,6 +42,17 @@ std::vector<std::uint8_t> Written(const OLDataItem& item) {
     return stream.Bytes();
 }
 
+// The cause of the archive error that a call raises; 0 when it raises none.
+template <class Call>
+int CauseOf(Call call) {
+    try {
+        call();
+    } catch (const ArchiveException& e) {
+        return e.GetCause();
+    }
+    return 0;
+}
+
 // An item that holds the record of the older seed.
 OLDataItem OlderItem() {
     OLDataItem item;
@@ -230,12 +241,8 @@ TEST(ItemArchiveTest, ProbeOfAFileShorterThanTheNameIsNoHeader) {
     for (std::size_t size : {0u, 3u, 15u}) {
         const auto bytes = Joined(ClassHeader(19), ReadForm(19, kNewer));
         OLDataItem item;
-        try {
-            SerializeFrom(item, std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size)));
-            ADD_FAILURE() << size;
-        } catch (const ArchiveException& e) {
-            EXPECT_EQ(e.GetCause(), ArchiveException::endOfFile) << size;
-        }
+        const std::vector<std::uint8_t> head(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(CauseOf([&] { SerializeFrom(item, head); }), ArchiveException::endOfFile) << size;
     }
 }
 
@@ -245,20 +252,10 @@ TEST(ItemArchiveTest, WrongDirectionsRaiseKindsFourAndTwo) {
     OLDataItem item;
     MemoryArchiveStream stream;
     Archive storing(stream, Archive::store);
-    try {
-        item.ReadRecord(storing);
-        ADD_FAILURE();
-    } catch (const ArchiveException& e) {
-        EXPECT_EQ(e.GetCause(), 4);
-    }
+    EXPECT_EQ(CauseOf([&] { item.ReadRecord(storing); }), 4);
     MemoryArchiveStream input(ReadForm(19, kNewer));
     Archive loading(input, Archive::load);
-    try {
-        item.WriteRecord(loading);
-        ADD_FAILURE();
-    } catch (const ArchiveException& e) {
-        EXPECT_EQ(e.GetCause(), 2);
-    }
+    EXPECT_EQ(CauseOf([&] { item.WriteRecord(loading); }), 2);
 }
 
 TEST(ItemArchiveTest, ShortStringRaisesKindThreeAndKeepsTheFieldsReadSoFar) {
@@ -271,12 +268,7 @@ TEST(ItemArchiveTest, ShortStringRaisesKindThreeAndKeepsTheFieldsReadSoFar) {
     bytes.insert(bytes.end(), 10, 'n');
     OLDataItem item = OlderItem();
     const std::string olderNote = item.GetNote();
-    try {
-        ReadInto(item, bytes, 19);
-        ADD_FAILURE();
-    } catch (const ArchiveException& ex) {
-        EXPECT_EQ(ex.GetCause(), 3);
-    }
+    EXPECT_EQ(CauseOf([&] { ReadInto(item, bytes, 19); }), 3);
     OLDataItem reference;
     ReadInto(reference, e.bytes, 19);
     EXPECT_EQ(item.GetNumberOfLines(), reference.GetNumberOfLines());
@@ -291,12 +283,8 @@ TEST(ItemArchiveTest, WideStringLengthBeyondAWideBufferEndsWithTheOverflowCode) 
     // count, wide announcement (255, 0xFFFE), then a 32-bit length of 2^31 characters
     bytes.insert(bytes.end(), {1, 0, 0, 0, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0x80});
     OLDataItem item;
-    try {
-        ReadInto(item, bytes, 19);
-        ADD_FAILURE();
-    } catch (const Orx::Core::ArchiveOverflow&) {
-        EXPECT_EQ(Orx::Core::ArchiveOverflow::kCode, 0x80070216u);
-    }
+    EXPECT_THROW(ReadInto(item, bytes, 19), Orx::Core::ArchiveOverflow);
+    EXPECT_EQ(Orx::Core::ArchiveOverflow::kCode, 0x80070216u);
 }
 
 TEST(ItemArchiveTest, WideStringIsNarrowedToBytes) {
@@ -323,11 +311,6 @@ TEST(ItemArchiveTest, EveryTruncationIsRefusedWithEndOfFile) {
             EXPECT_THROW(SerializeFrom(item, bytes), std::exception) << size;
             continue;
         }
-        try {
-            SerializeFrom(item, bytes);
-            ADD_FAILURE() << size;
-        } catch (const ArchiveException& e) {
-            EXPECT_EQ(e.GetCause(), ArchiveException::endOfFile) << size;
-        }
+        EXPECT_EQ(CauseOf([&] { SerializeFrom(item, bytes); }), ArchiveException::endOfFile) << size;
     }
 }

@@ -206,127 +206,91 @@ private:
     UnitizedField lastUnitized_;
 };
 
-inline void Group(Emitter& e, const std::string& name) {
-    e.Unitized(0, name + ".value");
-    e.F64(0, name + ".sensitivity");
-    e.Text(0, name + ".unit");
+enum class Kind { u32, u64, f32, f64, boolean, intFlag, text, unitized, unitizedOrCopy, vector, colours, group };
+
+struct Field {
+    Kind kind;
+    std::uint32_t since;  // the schema from which the field is in the record
+    const char* name;
+};
+
+// The record in archive order. A group is a unitized value, its sensitivity
+// and the sensitivity's unit.
+inline const std::vector<Field>& RecordFields() {
+    using K = Kind;
+    static const std::vector<Field> fields = {
+        {K::u32, 0, "numberOfLines"}, {K::u32, 0, "samplesPerLine"}, {K::unitized, 0, "scanSize"},
+        {K::unitizedOrCopy, 2, "scanSizeY"}, {K::f32, 0, "aspectRatio"}, {K::f32, 0, "zMagnify"},
+        {K::f32, 0, "zScaleSw"}, {K::f32, 0, "zScaleHw"}, {K::f32, 0, "scalingFactor"}, {K::f32, 0, "rotateAngle"},
+        {K::f64, 0, "zSensitivity"}, {K::text, 0, "zSensitivityUnits"}, {K::text, 0, "zSensitivityName"},
+        {K::text, 0, "zSensitivitySection"}, {K::text, 0, "magnifyText"}, {K::text, 0, "sensitivityText"},
+        {K::text, 0, "zText"}, {K::unitized, 0, "dataScale"}, {K::text, 0, "dataScaleName"}, {K::text, 0, "dataName"},
+        {K::text, 0, "lineDirection"}, {K::text, 0, "frameDirection"}, {K::text, 0, "scanLine"},
+        {K::text, 0, "reservedText"}, {K::text, 0, "note"}, {K::u32, 0, "validStartX"}, {K::u32, 0, "validStartY"},
+        {K::u32, 0, "validLenX"}, {K::u32, 0, "validLenY"}, {K::f64, 0, "planefit.a"}, {K::f64, 0, "planefit.b"},
+        {K::f64, 0, "planefit.c"}, {K::u32, 0, "planefit.order"},
+        // first display
+        {K::f64, 0, "d1.displayMin"}, {K::f64, 0, "d1.displayMax"}, {K::boolean, 0, "d1.hasExplicitRange"},
+        {K::u32, 0, "d1.displayRangeMode"}, {K::boolean, 12, "d1.displayFlag"}, {K::f64, 3, "d1.contrast"},
+        {K::u32, 3, "d1.colorTable"}, {K::u32, 3, "d1.colorValue1"}, {K::u32, 3, "d1.colorValue2"},
+        {K::intFlag, 6, "d1.colorFlag"}, {K::colours, 6, "d1.colorEntries"}, {K::intFlag, 5, "d1.hasColorTable"},
+        {K::intFlag, 7, "d1.colorTableFlag"}, {K::colours, 5, "d1.tableEntries"}, {K::vector, 5, "d1.colorVectors0"},
+        {K::vector, 5, "d1.colorVectors1"}, {K::vector, 5, "d1.colorVectors2"}, {K::vector, 8, "d1.rangeVectors0"},
+        {K::vector, 9, "d1.rangeVector"}, {K::u32, 10, "d1.rangeCount"}, {K::vector, 10, "d1.rangeVectors1"},
+        {K::vector, 10, "d1.rangeVectors2"},
+        // second display
+        {K::f64, 0, "d2.displayMin"}, {K::f64, 0, "d2.displayMax"}, {K::boolean, 0, "d2.hasExplicitRange"},
+        {K::u32, 4, "d2.colorTable"}, {K::u32, 4, "d2.colorValue1"}, {K::u32, 4, "d2.colorValue2"},
+        {K::intFlag, 6, "d2.colorFlag"}, {K::intFlag, 11, "d2.hasColorTable"}, {K::intFlag, 11, "d2.colorTableFlag"},
+        {K::colours, 11, "d2.tableEntries"}, {K::vector, 11, "d2.colorVectors0"}, {K::vector, 11, "d2.colorVectors1"},
+        {K::vector, 11, "d2.colorVectors2"}, {K::colours, 11, "d2.colorEntries"}, {K::vector, 11, "d2.rangeVector"},
+        {K::u32, 11, "d2.rangeCount"}, {K::vector, 11, "d2.rangeVectors0"}, {K::vector, 11, "d2.rangeVectors1"},
+        {K::vector, 11, "d2.rangeVectors2"}, {K::text, 11, "plistName"},
+        // force block
+        {K::boolean, 0, "hasPlanefitText"}, {K::text, 0, "planefitDesc"}, {K::boolean, 0, "hasSecondScale"},
+        {K::group, 0, "forceZOffset"}, {K::group, 0, "rampBegin"}, {K::group, 0, "rampEnd"}, {K::group, 0, "rampSize"},
+        {K::group, 0, "secondScale"}, {K::f64, 0, "secondScaleFactor"}, {K::group, 0, "thirdScale"},
+        {K::u32, 0, "highSpeedSamples"}, {K::text, 0, "highSpeedDataType"}, {K::f64, 0, "hsdcRate"},
+        {K::unitized, 0, "highSpeedHardScale"}, {K::unitized, 0, "highSpeedSoftScale"}, {K::u32, 0, "pointsPerCurve"},
+        {K::f64, 0, "forcePhaseOffset"}, {K::u32, 0, "avePoints"}, {K::u32, 0, "effectiveBw"},
+        {K::f64, 0, "springConstant"}, {K::u32, 0, "retracePoints"}, {K::u32, 0, "tracePoints"},
+        {K::text, 0, "invert"}, {K::text, 0, "forceDisplayMode"}, {K::text, 0, "xDataType"},
+        {K::text, 0, "dataTypeDesc"}, {K::u32, 0, "dataLength"}, {K::u64, 0, "dataOffset"}, {K::u32, 0, "scaleBits"},
+        {K::u32, 0, "bitsPerPixel"}, {K::f64, 17, "tipRadius"}, {K::f64, 17, "tipHalfAngle"},
+        {K::f64, 17, "samplePoissonRatio"}, {K::u32, 0, "dataSize"}, {K::boolean, 0, "wasFlag"},
+        {K::boolean, 0, "linesWereSet"}, {K::boolean, 0, "samplesWereSet"}, {K::boolean, 0, "flag4"},
+        {K::text, 5, "ecFunction"}, {K::intFlag, 13, "itemFlag"}, {K::f32, 14, "halfAngle1"},
+        {K::f32, 14, "halfAngle2"}, {K::u64, 15, "zOffset"}, {K::text, 16, "unitSystem"}, {K::f64, 18, "itemValue"},
+        {K::boolean, 18, "itemFlag2"}, {K::u32, 19, "captureStartLine"}, {K::u32, 19, "scanLines"},
+    };
+    return fields;
 }
 
-// The record, field by field, with the schema from which each is present.
+inline void Emit(Emitter& e, Kind kind, std::uint32_t since, const std::string& name) {
+    switch (kind) {
+        case Kind::u32: e.U32(since, name); break;
+        case Kind::u64: e.U64(since, name); break;
+        case Kind::f32: e.F32(since, name); break;
+        case Kind::f64: e.F64(since, name); break;
+        case Kind::boolean: e.Bool(since, name); break;
+        case Kind::intFlag: e.IntFlag(since, name); break;
+        case Kind::text: e.Text(since, name); break;
+        case Kind::unitized: e.Unitized(since, name); break;
+        case Kind::unitizedOrCopy: e.UnitizedOrCopy(since, name); break;
+        case Kind::vector: e.Vector(since, name); break;
+        case Kind::colours: e.Colours(since, name); break;
+        case Kind::group:
+            e.Unitized(since, name + ".value");
+            e.F64(since, name + ".sensitivity");
+            e.Text(since, name + ".unit");
+            break;
+    }
+}
+
 inline void Record(Emitter& e) {
-    e.U32(0, "numberOfLines");
-    e.U32(0, "samplesPerLine");
-    e.Unitized(0, "scanSize");
-    e.UnitizedOrCopy(2, "scanSizeY");
-    for (const char* f : {"aspectRatio", "zMagnify", "zScaleSw", "zScaleHw", "scalingFactor", "rotateAngle"}) {
-        e.F32(0, f);
+    for (const Field& f : RecordFields()) {
+        Emit(e, f.kind, f.since, f.name);
     }
-    e.F64(0, "zSensitivity");
-    for (const char* f : {"zSensitivityUnits", "zSensitivityName", "zSensitivitySection", "magnifyText",
-                          "sensitivityText", "zText"}) {
-        e.Text(0, f);
-    }
-    e.Unitized(0, "dataScale");
-    for (const char* f : {"dataScaleName", "dataName", "lineDirection", "frameDirection", "scanLine", "reservedText",
-                          "note"}) {
-        e.Text(0, f);
-    }
-    for (const char* f : {"validStartX", "validStartY", "validLenX", "validLenY"}) {
-        e.U32(0, f);
-    }
-    e.F64(0, "planefit.a");
-    e.F64(0, "planefit.b");
-    e.F64(0, "planefit.c");
-    e.U32(0, "planefit.order");
-
-    e.F64(0, "d1.displayMin");
-    e.F64(0, "d1.displayMax");
-    e.Bool(0, "d1.hasExplicitRange");
-    e.U32(0, "d1.displayRangeMode");
-    e.Bool(12, "d1.displayFlag");
-    e.F64(3, "d1.contrast");
-    e.U32(3, "d1.colorTable");
-    e.U32(3, "d1.colorValue1");
-    e.U32(3, "d1.colorValue2");
-    e.IntFlag(6, "d1.colorFlag");
-    e.Colours(6, "d1.colorEntries");
-    e.IntFlag(5, "d1.hasColorTable");
-    e.IntFlag(7, "d1.colorTableFlag");
-    e.Colours(5, "d1.tableEntries");
-    e.Vector(5, "d1.colorVectors0");
-    e.Vector(5, "d1.colorVectors1");
-    e.Vector(5, "d1.colorVectors2");
-    e.Vector(8, "d1.rangeVectors0");
-    e.Vector(9, "d1.rangeVector");
-    e.U32(10, "d1.rangeCount");
-    e.Vector(10, "d1.rangeVectors1");
-    e.Vector(10, "d1.rangeVectors2");
-
-    e.F64(0, "d2.displayMin");
-    e.F64(0, "d2.displayMax");
-    e.Bool(0, "d2.hasExplicitRange");
-    e.U32(4, "d2.colorTable");
-    e.U32(4, "d2.colorValue1");
-    e.U32(4, "d2.colorValue2");
-    e.IntFlag(6, "d2.colorFlag");
-    e.IntFlag(11, "d2.hasColorTable");
-    e.IntFlag(11, "d2.colorTableFlag");
-    e.Colours(11, "d2.tableEntries");
-    e.Vector(11, "d2.colorVectors0");
-    e.Vector(11, "d2.colorVectors1");
-    e.Vector(11, "d2.colorVectors2");
-    e.Colours(11, "d2.colorEntries");
-    e.Vector(11, "d2.rangeVector");
-    e.U32(11, "d2.rangeCount");
-    e.Vector(11, "d2.rangeVectors0");
-    e.Vector(11, "d2.rangeVectors1");
-    e.Vector(11, "d2.rangeVectors2");
-    e.Text(11, "plistName");
-
-    e.Bool(0, "hasPlanefitText");
-    e.Text(0, "planefitDesc");
-    e.Bool(0, "hasSecondScale");
-    for (const char* g : {"forceZOffset", "rampBegin", "rampEnd", "rampSize", "secondScale"}) {
-        Group(e, g);
-    }
-    e.F64(0, "secondScaleFactor");
-    Group(e, "thirdScale");
-    e.U32(0, "highSpeedSamples");
-    e.Text(0, "highSpeedDataType");
-    e.F64(0, "hsdcRate");
-    e.Unitized(0, "highSpeedHardScale");
-    e.Unitized(0, "highSpeedSoftScale");
-    e.U32(0, "pointsPerCurve");
-    e.F64(0, "forcePhaseOffset");
-    e.U32(0, "avePoints");
-    e.U32(0, "effectiveBw");
-    e.F64(0, "springConstant");
-    e.U32(0, "retracePoints");
-    e.U32(0, "tracePoints");
-    for (const char* f : {"invert", "forceDisplayMode", "xDataType", "dataTypeDesc"}) {
-        e.Text(0, f);
-    }
-    e.U32(0, "dataLength");
-    e.U64(0, "dataOffset");
-    e.U32(0, "scaleBits");
-    e.U32(0, "bitsPerPixel");
-    e.F64(17, "tipRadius");
-    e.F64(17, "tipHalfAngle");
-    e.F64(17, "samplePoissonRatio");
-    e.U32(0, "dataSize");
-    for (const char* f : {"wasFlag", "linesWereSet", "samplesWereSet", "flag4"}) {
-        e.Bool(0, f);
-    }
-    e.Text(5, "ecFunction");
-    e.IntFlag(13, "itemFlag");
-    e.F32(14, "halfAngle1");
-    e.F32(14, "halfAngle2");
-    e.U64(15, "zOffset");
-    e.Text(16, "unitSystem");
-    e.F64(18, "itemValue");
-    e.Bool(18, "itemFlag2");
-    e.U32(19, "captureStartLine");
-    e.U32(19, "scanLines");
 }
 
 // The class header that the archive writes before an item: 0xFFFF, the schema

@@ -24,6 +24,16 @@ OLDataItemLoadRecord Curves(std::uint32_t retrace, std::uint32_t trace) {
     return record;
 }
 
+// 500 mV of data scale at 20 nm a volt.
+OLDataItemLoadRecord Millivolts() {
+    OLDataItemLoadRecord record;
+    record.zRange = UValue(500.0, "mV");
+    record.softUnit = "mV";
+    record.sensitivity = 20.0;
+    record.sensitivityUnit = "nm";
+    return record;
+}
+
 OLDataItemLoadRecord Named(const std::string& name) {
     OLDataItemLoadRecord record;
     record.dataName = name;
@@ -192,11 +202,7 @@ TEST(SourceReadingTest, ZRangeSpellsMetersOutAndKeepsOtherUnits) {
 
 TEST(SourceReadingTest, DataScaleTurnsMillivoltsIntoVoltsBeforeTheSensitivity) {
     MemoryDataSource source;
-    OLDataItemLoadRecord record;
-    record.zRange = UValue(500.0, "mV");
-    record.softUnit = "mV";
-    record.sensitivity = 20.0;
-    record.sensitivityUnit = "nm";
+    OLDataItemLoadRecord record = Millivolts();
     source.AddChannel(record);
     EXPECT_EQ(source.GetDataScale(0, false).GetValue(), 500.0);
     const UValue scaled = source.GetDataScale(0, true);
@@ -217,12 +223,7 @@ TEST(SourceReadingTest, DataScaleTurnsMillivoltsIntoVoltsBeforeTheSensitivity) {
 
 TEST(SourceReadingTest, SetDataScaleReversesTheScaledRead) {
     MemoryDataSource source;
-    OLDataItemLoadRecord record;
-    record.zRange = UValue(500.0, "mV");
-    record.softUnit = "mV";
-    record.sensitivity = 20.0;
-    record.sensitivityUnit = "nm";
-    source.AddChannel(record);
+    source.AddChannel(Millivolts());
 
     UValue scaled = source.GetDataScale(0, true);
     source.SetDataScale(0, scaled, true);

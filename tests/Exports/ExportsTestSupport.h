@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class ExportsTest : public ::testing::Test {
 protected:
@@ -41,4 +42,22 @@ inline OLDataItemLoadRecord Scaled(float soft, float hard, float scaling = 1.0f,
     record.range = scaling;
     record.springConstant = spring;
     return record;
+}
+
+// An export of one channel and one output, with the value it must write.
+template <class T>
+struct ChannelAnswer {
+    const char* name;
+    int (*call)(int channel, T* out);
+    int channel;
+    T expected;
+};
+
+template <class T>
+void ExpectAnswers(const std::vector<ChannelAnswer<T>>& answers) {
+    for (const auto& a : answers) {
+        T out{};
+        EXPECT_EQ(a.call(a.channel, &out), 1) << a.name;
+        EXPECT_EQ(out, a.expected) << a.name;
+    }
 }

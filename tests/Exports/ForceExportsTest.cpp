@@ -362,10 +362,10 @@ TEST_F(ForceExportsTest, CurveCountsByFileKind) {
         EXPECT_EQ(n, 2) << kind;
     }
     s.kind = "FVOL";
-    EXPECT_EQ(DataSourceDllGetNumberOfForceCurves(&n), 1);
-    EXPECT_EQ(n, 12);
-    EXPECT_EQ(DataSourceDllGetForcesPerLine(&n), 1);
-    EXPECT_EQ(n, 13);
+    ExpectAnswers<int>({
+        {"NumberOfForceCurves", [](int, int* out) { return DataSourceDllGetNumberOfForceCurves(out); }, 0, 12},
+        {"ForcesPerLine", [](int, int* out) { return DataSourceDllGetForcesPerLine(out); }, 0, 13},
+    });
 }
 
 TEST_F(ForceExportsTest, HighSpeedRateDefaultsByChannelAndTheRecordsRate) {

@@ -126,42 +126,30 @@ TEST_F(ExportsTest, ChannelValuesComeFromTheItemAndRecordValuesFromTheSource) {
     s.forwardVelocity = 3.0;
     s.reverseVelocity = 5.0;
 
-    int n = 0;
-    EXPECT_EQ(DataSourceDllGetNumberOfChannels(&n), 1);
-    EXPECT_EQ(n, 1);
-    EXPECT_EQ(DataSourceDllGetNumberOfLines(0, &n), 1);
-    EXPECT_EQ(n, 3);
-    EXPECT_EQ(DataSourceDllGetSamplesPerLine(0, &n), 1);
-    EXPECT_EQ(n, 7);
-    EXPECT_EQ(DataSourceDllGetDataBufferSize(0, &n), 1);
-    EXPECT_EQ(n, 21);
     // The channel argument of record values has no effect.
-    EXPECT_EQ(DataSourceDllGetForceSamplesPerLine(99, &n), 1);
-    EXPECT_EQ(n, 256);
-    EXPECT_EQ(DataSourceDllGetNumberOfTracePoints(-4, &n), 1);
-    EXPECT_EQ(n, 128);
-
-    double v = 0.0;
-    EXPECT_EQ(DataSourceDllGetZScaleInSwUnits(0, &v), 1);
-    EXPECT_EQ(v, 5.0);
-    EXPECT_EQ(DataSourceDllGetZScaleInHwUnits(0, &v), 1);
-    EXPECT_EQ(v, 0.5);
-    EXPECT_EQ(DataSourceDllGetZSensitivitySoftScale(0, &v), 1);
-    EXPECT_EQ(v, 12.5);
-    EXPECT_EQ(DataSourceDllGetForceSpringConstant(0, &v), 1);
-    EXPECT_EQ(v, 0.4);
-    EXPECT_EQ(DataSourceDllGetScanSize(77, &v), 1);
-    EXPECT_EQ(v, 4.0);
-    EXPECT_EQ(DataSourceDllGetRampSize(0, &v, false), 1);
-    EXPECT_EQ(v, 2.0);
-    EXPECT_EQ(DataSourceDllGetRampSize(0, &v, true), 1);
-    EXPECT_EQ(v, 50.0);
-    EXPECT_EQ(DataSourceDllGetForwardRampVelocity(0, &v, false), 1);
-    EXPECT_EQ(v, 3.0);
-    EXPECT_EQ(DataSourceDllGetForwardRampVelocity(0, &v, true), 1);
-    EXPECT_EQ(v, 75.0);
-    EXPECT_EQ(DataSourceDllGetReverseRampVelocity(0, &v, true), 1);
-    EXPECT_EQ(v, 125.0);
+    ExpectAnswers<int>({
+        {"NumberOfChannels", [](int, int* out) { return DataSourceDllGetNumberOfChannels(out); }, 0, 1},
+        {"NumberOfLines", DataSourceDllGetNumberOfLines, 0, 3},
+        {"SamplesPerLine", DataSourceDllGetSamplesPerLine, 0, 7},
+        {"DataBufferSize", DataSourceDllGetDataBufferSize, 0, 21},
+        {"ForceSamplesPerLine", DataSourceDllGetForceSamplesPerLine, 99, 256},
+        {"NumberOfTracePoints", DataSourceDllGetNumberOfTracePoints, -4, 128},
+    });
+    ExpectAnswers<double>({
+        {"ZScaleInSwUnits", DataSourceDllGetZScaleInSwUnits, 0, 5.0},
+        {"ZScaleInHwUnits", DataSourceDllGetZScaleInHwUnits, 0, 0.5},
+        {"ZSensitivitySoftScale", DataSourceDllGetZSensitivitySoftScale, 0, 12.5},
+        {"ForceSpringConstant", DataSourceDllGetForceSpringConstant, 0, 0.4},
+        {"ScanSize", DataSourceDllGetScanSize, 77, 4.0},
+        {"RampSize", [](int c, double* out) { return DataSourceDllGetRampSize(c, out, false); }, 0, 2.0},
+        {"RampSize scaled", [](int c, double* out) { return DataSourceDllGetRampSize(c, out, true); }, 0, 50.0},
+        {"ForwardRampVelocity", [](int c, double* out) { return DataSourceDllGetForwardRampVelocity(c, out, false); },
+         0, 3.0},
+        {"ForwardRampVelocity scaled",
+         [](int c, double* out) { return DataSourceDllGetForwardRampVelocity(c, out, true); }, 0, 75.0},
+        {"ReverseRampVelocity scaled",
+         [](int c, double* out) { return DataSourceDllGetReverseRampVelocity(c, out, true); }, 0, 125.0},
+    });
 
     double a = 0.0, b = 0.0, c = 0.0;
     int order = 0;
@@ -179,13 +167,11 @@ TEST_F(ExportsTest, TipValuesAreReadThroughChannelZero) {
     record.tipHalfAngle = 0.3;
     record.samplePoissonRatio = 0.25;
     Current("IMAGE").AddChannel(record);
-    double v = 0.0;
-    EXPECT_EQ(DataSourceDllGetTipRadius(&v), 1);
-    EXPECT_EQ(v, 8e-9);
-    EXPECT_EQ(DataSourceDllGetHalfAngle(&v), 1);
-    EXPECT_EQ(v, 0.3);
-    EXPECT_EQ(DataSourceDllGetPoissonRatio(&v), 1);
-    EXPECT_EQ(v, 0.25);
+    ExpectAnswers<double>({
+        {"TipRadius", [](int, double* out) { return DataSourceDllGetTipRadius(out); }, 0, 8e-9},
+        {"HalfAngle", [](int, double* out) { return DataSourceDllGetHalfAngle(out); }, 0, 0.3},
+        {"PoissonRatio", [](int, double* out) { return DataSourceDllGetPoissonRatio(out); }, 0, 0.25},
+    });
 }
 
 TEST_F(ExportsTest, TextsOfAChannelAreFreshCopies) {
