@@ -236,15 +236,11 @@ void QlOLDataSource::readEcChannel(const QlSectionReader& s, OLDataItemLoadRecor
     s.Read("Temporal time end", temporalTimeEnd);
     s.Read("Temporal volt range", temporalVoltRange);
     // The range is the third word of its text.
-    struct RangeKey {
-        const char* key;
-        double OLDataSource::*target;
-    };
-    static const RangeKey kRanges[] = {
+    static const QlSectionReader::Field<OLDataSource, double> kRanges[] = {
         {"Temporal current range", &QlOLDataSource::temporalCurrentRange},
         {"Voltam current range", &QlOLDataSource::voltamCurrentRange},
     };
-    for (const RangeKey& range : kRanges) {
+    for (const auto& range : kRanges) {
         std::string text;
         if (!s.Text(range.key, text)) {
             continue;

@@ -10,10 +10,6 @@ namespace {
 
 using QlValueStrings::Between;
 
-struct ListKey {
-    const char* key;
-    std::string OLDataSource::*target;
-};
 
 }  // namespace
 
@@ -43,7 +39,7 @@ void QlOLDataSource::readForceList(const DataContainerPtr& section) {
         segmentCount = QlSectionReader::AtoI(text);
     }
     // Comma-separated lists, one entry a segment; split where they are read.
-    static const ListKey kSegmentLists[] = {
+    static const QlSectionReader::Field<OLDataSource, std::string> kSegmentLists[] = {
         {"Segment Size", &QlOLDataSource::segmentSizeList},
         {"Segment Samples", &QlOLDataSource::segmentSamplesList},
         {"Segment Duration", &QlOLDataSource::segmentDurationList},
@@ -52,9 +48,7 @@ void QlOLDataSource::readForceList(const DataContainerPtr& section) {
         {"Segment Ramp Size", &QlOLDataSource::segmentRampSizeList},
         {"Segment Type", &QlOLDataSource::segmentTypeList},
     };
-    for (const ListKey& list : kSegmentLists) {
-        s.Read(list.key, this->*list.target);
-    }
+    s.ReadFields(*this, kSegmentLists);
 
     if (subtypeIs("FVOL")) {
         readTriggerGroup(s);

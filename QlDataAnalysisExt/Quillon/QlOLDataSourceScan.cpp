@@ -15,6 +15,7 @@ namespace {
 using QlValueStrings::kScaledValue;
 using QlValueStrings::kSensitivity;
 using QlValueStrings::ParseSoftValue;
+using DoubleField = QlSectionReader::Field<OLDataSource, double>;
 
 // Scan sizes above a micron read in microns; exactly 1000 nm stays.
 void MicronsAboveAThousandNanometres(UValue& size) {
@@ -249,11 +250,7 @@ void QlOLDataSource::readForceVolumeGroup(const QlSectionReader& s) {
 }
 
 void QlOLDataSource::readHighSpeedParameters(const QlSectionReader& s) {
-    struct DoubleKey {
-        const char* key;
-        double OLDataSource::*target;
-    };
-    static const DoubleKey kDoubles[] = {
+    static const DoubleField kDoubles[] = {
         {"Torsional Freq", &QlOLDataSource::torsionalFreq},
         {"Torsional Q", &QlOLDataSource::torsionalQ},
         {"Sample Rate", &QlOLDataSource::sampleRate},
@@ -261,24 +258,16 @@ void QlOLDataSource::readHighSpeedParameters(const QlSectionReader& s) {
         {"Unload Fit Region", &QlOLDataSource::unloadFitRegion},
         {"Deformation Fit Region", &QlOLDataSource::deformationFitRegion},
     };
-    for (const DoubleKey& k : kDoubles) {
-        this->*k.target = 0.0;
-        s.Read(k.key, this->*k.target);
-    }
-    struct IntKey {
-        const char* key;
-        int OLDataSource::*target;
-    };
-    static const IntKey kInts[] = {
+    const double noDouble = 0.0;
+    s.ReadFields(*this, kDoubles, &noDouble);
+    static const QlSectionReader::Field<OLDataSource, int> kInts[] = {
         {"Cycles to Average", &QlOLDataSource::cyclesToAverage},
         {"Harmonics To Correct", &QlOLDataSource::harmonicsToCorrect},
         {"Max Harmonics", &QlOLDataSource::maxHarmonics},
         {"Force Data Points", &QlOLDataSource::forceDataPoints},
     };
-    for (const IntKey& k : kInts) {
-        this->*k.target = 0;
-        s.Read(k.key, this->*k.target);
-    }
+    const int noInt = 0;
+    s.ReadFields(*this, kInts, &noInt);
     int period = 0;
     s.Read("Calculation Period", period);
     calculationPeriod = period;
@@ -324,11 +313,7 @@ void QlOLDataSource::readProbeList(const DataContainerPtr& section) {
     if (!s) {
         return;
     }
-    struct DoubleKey {
-        const char* key;
-        double OLDataSource::*target;
-    };
-    static const DoubleKey kDoubles[] = {
+    static const DoubleField kDoubles[] = {
         {"Save/Load Tip Poisson's Ratio", &QlOLDataSource::tipPoissonRatio},
         {"Save/Load Cantilever length (L)", &QlOLDataSource::cantileverLength},
         {"Save/Load Tip Height", &QlOLDataSource::tipHeight},
@@ -348,9 +333,7 @@ void QlOLDataSource::readProbeList(const DataContainerPtr& section) {
         {"Save/Load pLateral/pNormal", &QlOLDataSource::pLateralPNormal},
         {"Save/Load Tip Model geometric param", &QlOLDataSource::tipModelGeometricParam},
     };
-    for (const DoubleKey& k : kDoubles) {
-        s.Read(k.key, this->*k.target);
-    }
+    s.ReadFields(*this, kDoubles);
     s.Read("Save/Load Eigenmode", eigenmode);
     std::string adhesion;
     s.Read("Save/Load Use Adhesion in Load", adhesion);

@@ -9,6 +9,7 @@
 
 #include "QlDataAnalysisExt/Core/OLTypes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -27,6 +28,23 @@ public:
     // the vector of texts.
     template <class T>
     bool Read(const std::string& key, T& target) const;
+
+    // A key and the field of an object that its direct read fills.
+    template <class Owner, class T>
+    struct Field {
+        const char* key;
+        T Owner::*target;
+    };
+    // The direct reads of a table of fields, each set to initial first where one is given.
+    template <class Object, class Owner, class T, std::size_t N>
+    void ReadFields(Object& object, const Field<Owner, T> (&fields)[N], const T* initial = nullptr) const {
+        for (const Field<Owner, T>& field : fields) {
+            if (initial) {
+                object.*field.target = *initial;
+            }
+            Read(field.key, object.*field.target);
+        }
+    }
 
     // The parameter read: out is cleared, then takes the key's text; false when
     // the key is missing.

@@ -8,8 +8,6 @@ using namespace QuillonTest;
 
 namespace {
 
-std::string UnitOf(const UValue& v) { return v.GetUnits()->GetName(); }
-
 const char* const kImage = "Dulce image list";
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "Quillon/QuillonTestSupport.h"
+#include "support/TestTempPath.h"
 
 #include <gtest/gtest.h>
 
@@ -187,7 +188,7 @@ TEST(QuillonClassificationTest, HistoryNamesTheImportWhole) {
 TEST(QuillonClassificationTest, FileWideTextsAndTheDate) {
     QuillonBuilder file("IMAGE");
     file.Text("File list", "User Rating", "4");
-    const std::string path = TempPath("classification_title.spm");
+    const std::string path = TestTempPath("classification_title.spm");
     file.Write(path);
     Source source(Orx::DataCore::DataFile::Open(path, 1, 0, "", nullptr), nullptr);
     source.Initialize();

@@ -2,6 +2,7 @@
 // read through the flat exports.
 
 #include "Quillon/QuillonTestSupport.h"
+#include "support/TestTempPath.h"
 
 #include "DataSourceDll/DataSourceDll.h"
 #include "DataSourceDll/DataSourceDllState.h"
@@ -20,7 +21,7 @@ class QuillonEndToEndTest : public ::testing::Test {
 protected:
     // Writes the file, opens it and makes its source the current one.
     std::vector<std::int32_t> Install(const std::string& subtype, QuillonBuilder& file, std::size_t samplesOf = 0) {
-        const std::string path = TempPath("end_to_end_" + subtype + ".spm");
+        const std::string path = TestTempPath("end_to_end_" + subtype + ".spm");
         file.Write(path);
         auto source = std::make_shared<QlOLDataSource>(Orx::DataCore::DataFile::Open(path, 1, 0, "", nullptr), nullptr);
         source->Initialize();

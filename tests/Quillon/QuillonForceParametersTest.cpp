@@ -8,8 +8,6 @@ namespace {
 
 const char* const kForce = "Dulce force list";
 
-std::string UnitOf(const UValue& v) { return v.GetUnits()->GetName(); }
-
 }  // namespace
 
 TEST(QuillonForceParametersTest, SamplesPerLinePairAndRetraceOverride) {

@@ -10,8 +10,6 @@ namespace {
 
 const char* const kScan = "Dulce scan list";
 
-std::string UnitOf(const UValue& v) { return v.GetUnits()->GetName(); }
-
 }  // namespace
 
 TEST(QuillonScanParametersTest, EachFallbackSpellingIsReadAndTheFirstWins) {

@@ -8,8 +8,6 @@
 #include "QlDataAnalysisExt/Quillon/QlOLDataSource.h"
 #include "tools/samplekit/QuillonBuilder.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -79,14 +77,6 @@ inline std::shared_ptr<Source> Load(QuillonBuilder& file, ICreateColorTableCallb
     return source;
 }
 
-// Under the folder the test runner names, or one of the system's temporary folder.
-inline std::string TempPath(const std::string& name) {
-    const char* base = std::getenv("DS_TEST_TMP");
-    const std::filesystem::path dir = base != nullptr && *base != '\0'
-                                          ? std::filesystem::path(base)
-                                          : std::filesystem::temp_directory_path() / "ds_quillon_tests";
-    std::filesystem::create_directories(dir);
-    return (dir / name).string();
-}
+inline std::string UnitOf(const UValue& value) { return value.GetUnits()->GetName(); }
 
 }  // namespace QuillonTest

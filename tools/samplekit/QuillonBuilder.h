@@ -47,6 +47,11 @@ public:
     // A file of that subtype; any other text makes an image file that names
     // itself by the text.
     explicit QuillonBuilder(const std::string& subtype);
+    // A copy would share the tree of sections with its original.
+    QuillonBuilder(const QuillonBuilder&) = delete;
+    QuillonBuilder& operator=(const QuillonBuilder&) = delete;
+    QuillonBuilder(QuillonBuilder&&) = default;
+    QuillonBuilder& operator=(QuillonBuilder&&) = default;
 
     // Keys of a top-level section, made where it is missing.
     QuillonBuilder& Text(const std::string& section, const std::string& key, const std::string& value);
