@@ -28,16 +28,9 @@ void QlOLDataSource::readForceList(const DataContainerPtr& section) {
     forceSamples = samples;
     tracePoints = trace;
     s.Read("Samps/line, retrace", forceSamples);
-    std::string text;
-    if (s.Text("Hold Samples", text)) {
-        holdPoints = QlSectionReader::AtoI(text);
-    }
-    if (s.Text("Hold Time", text)) {
-        holdTime = QlSectionReader::AtoF(text);
-    }
-    if (s.Text("Segment Number", text)) {
-        segmentCount = QlSectionReader::AtoI(text);
-    }
+    s.NumberIfPresent("Hold Samples", holdPoints);
+    s.NumberIfPresent("Hold Time", holdTime);
+    s.NumberIfPresent("Segment Number", segmentCount);
     // Comma-separated lists, one entry a segment; split where they are read.
     static const QlSectionReader::Field<OLDataSource, std::string> kSegmentLists[] = {
         {"Segment Size", &QlOLDataSource::segmentSizeList},

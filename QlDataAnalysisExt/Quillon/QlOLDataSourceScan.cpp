@@ -65,22 +65,14 @@ void QlOLDataSource::readScanSection(const DataContainerPtr& section) {
         s.Read("Y offset", yOffset);
     }
     bool found = false;
-    std::string text = s.FirstExisting({"Capture mode", "Capture mode "}, &found);
+    const std::string text = s.FirstExisting({"Capture mode", "Capture mode "}, &found);
     if (found) {
         captureMode = text;
     }
-    if (s.Text("Tip Half Angle", text)) {
-        tipHalfAngle = QlSectionReader::AtoF(text);
-    }
-    if (s.Text("Tip Radius", text)) {
-        tipRadius = QlSectionReader::AtoF(text);
-    }
-    if (s.Text("Cantilever Angle", text)) {
-        cantileverAngle = QlSectionReader::AtoF(text);
-    }
-    if (s.Text("Sample Poisson's Ratio", text)) {
-        poissonRatio = QlSectionReader::AtoF(text);
-    }
+    s.NumberIfPresent("Tip Half Angle", tipHalfAngle);
+    s.NumberIfPresent("Tip Radius", tipRadius);
+    s.NumberIfPresent("Cantilever Angle", cantileverAngle);
+    s.NumberIfPresent("Sample Poisson's Ratio", poissonRatio);
 
     readFeedback(s);
     readSetpoint(s);

@@ -61,6 +61,24 @@ std::string QlSectionReader::FirstNonEmpty(std::initializer_list<const char*> ke
     return text;
 }
 
+bool QlSectionReader::NumberIfPresent(const std::string& key, double& target) const {
+    std::string text;
+    if (!Text(key, text)) {
+        return false;
+    }
+    target = AtoF(text);
+    return true;
+}
+
+bool QlSectionReader::NumberIfPresent(const std::string& key, int& target) const {
+    std::string text;
+    if (!Text(key, text)) {
+        return false;
+    }
+    target = AtoI(text);
+    return true;
+}
+
 int QlSectionReader::AtoI(const std::string& text) {
     const long long value = AtoI64(text);
     return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX));

@@ -55,6 +55,10 @@ public:
     std::string FirstExisting(std::initializer_list<const char*> keys, bool* found = nullptr) const;
     // The first parameter text that is not empty, trying the keys in order.
     std::string FirstNonEmpty(std::initializer_list<const char*> keys) const;
+    // The has-key parameter read of a number by atof or atoi: the target is
+    // kept where the key is missing.
+    bool NumberIfPresent(const std::string& key, double& target) const;
+    bool NumberIfPresent(const std::string& key, int& target) const;
     // Whether the key's parameter text is exactly that text.
     bool TextIs(const std::string& key, const char* text) const { return Text(key) == text; }
 

@@ -181,3 +181,18 @@ TEST_F(QuillonEndToEndTest, EverySubtypeOpensWithItsChannels) {
     Install("TIMED", timed);
     EXPECT_EQ(Count(DataSourceDllGetNumberOfForceCurves), 1);
 }
+
+TEST_F(QuillonEndToEndTest, OpenChoosesTheQuillonSourceByTheFileType) {
+    QuillonBuilder file("FVOL");
+    std::string path = TestTempPath("end_to_end_open.spm");
+    file.Write(path);
+    ASSERT_EQ(DataSourceDllOpen(path.data()), 1);
+    EXPECT_EQ(Count(DataSourceDllGetForcesPerLine), 4);
+    // A file that Initialize refuses leaves no source behind.
+    file.RemoveSection("Dulce force list").Write(path);
+    LogCapture log;
+    EXPECT_EQ(DataSourceDllOpen(path.data()), -1);
+    int channels = 0;
+    EXPECT_EQ(DataSourceDllGetNumberOfChannels(&channels), -1);
+    EXPECT_EQ(log.messages, std::vector<std::string>{"QlOLDataSource::Initialize failed to open get Dulce force list"});
+}
