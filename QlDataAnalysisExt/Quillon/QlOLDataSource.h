@@ -75,8 +75,10 @@ public:
                           const std::string& sectionName, const std::string& key) override;
     DataFilePtr CreateDataFile(const std::string& path) override;
 
-    // The value string of a sensitivity named in square brackets; the name
-    // "Sens. Zsens" answers with the string read from the scanner list.
+    // ---- QlOLDataSourceSensitivity.cpp ----
+    // The section that holds a sensitivity named in square brackets, and its
+    // value string; the name "Sens. Zsens" answers with the string read from
+    // the scanner list.
     std::string FindSensSection(const std::string& name) const;
     std::string GetSensString(const std::string& name) const;
 
@@ -85,8 +87,9 @@ public:
     // into volts where a is in a voltage unit and b has a unit at all.
     static UValue CombineScales(const UValue& a, const UValue& b);
 
+    // ---- QlOLDataSourceRepair.cpp ----
     // The one repair rule of invalid samples, on a row-major image of the
-    // item's lines and samples per line; public for the tests.
+    // item's lines and samples per line.
     static void RepairInvalidSamples(OLDataItem& item);
 
 private:

@@ -49,6 +49,9 @@ TEST_F(QuillonEndToEndTest, ImageReadsAsCountsVoltsAndMetres) {
     QuillonBuilder file("IMAGE");
     const std::vector<std::int32_t> samples = Install("IMAGE", file);
     EXPECT_EQ(Count(DataSourceDllGetNumberOfChannels), 2);
+    // Samples lie behind a header of 0xA000 bytes, channel after channel.
+    EXPECT_EQ(DataSourceDllState::Current()->GetDataItem(0)->GetDataOffset(), 0xA000u);
+    EXPECT_EQ(DataSourceDllState::Current()->GetDataItem(1)->GetDataOffset(), 0xA000u + 16 * 4);
     std::vector<double> out(16);
     int count = 0;
     ASSERT_EQ(DataSourceDllGetImageData(0, out.data(), 16, &count), 1);
