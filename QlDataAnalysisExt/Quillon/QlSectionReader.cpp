@@ -61,22 +61,26 @@ std::string QlSectionReader::FirstNonEmpty(std::initializer_list<const char*> ke
     return text;
 }
 
-bool QlSectionReader::NumberIfPresent(const std::string& key, double& target) const {
+namespace {
+
+template <class T, class Convert>
+bool ConvertedIfPresent(const QlSectionReader& s, const std::string& key, T& target, Convert convert) {
     std::string text;
-    if (!Text(key, text)) {
+    if (!s.Text(key, text)) {
         return false;
     }
-    target = AtoF(text);
+    target = convert(text);
     return true;
 }
 
+}  // namespace
+
+bool QlSectionReader::NumberIfPresent(const std::string& key, double& target) const {
+    return ConvertedIfPresent(*this, key, target, AtoF);
+}
+
 bool QlSectionReader::NumberIfPresent(const std::string& key, int& target) const {
-    std::string text;
-    if (!Text(key, text)) {
-        return false;
-    }
-    target = AtoI(text);
-    return true;
+    return ConvertedIfPresent(*this, key, target, AtoI);
 }
 
 int QlSectionReader::AtoI(const std::string& text) {
