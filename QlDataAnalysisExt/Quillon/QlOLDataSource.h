@@ -11,18 +11,22 @@
 //   QlOLDataSourceChannelScales.cpp  a channel's Z scale, the legacy scale, the high-speed scales
 //   QlOLDataSourceSensitivity.cpp    sensitivity lookup, scaled values, the scale combination
 //   QlOLDataSourceRepair.cpp    the repair of invalid samples
-//   QlOLDataSourceOverrides.cpp Z offsets, scale and sensitivity changes, channel removal
-//   QlOLDataSourceSave.cpp      writing the record and the items back into a file
+//   QlOLDataSourceOverrides.cpp Z offsets, the invalid fill, SaveAs, new samples, channel removal, parameter lists
+//   QlOLDataSourceScaleChanges.cpp   data scale, magnify, channel parameters, sensitivity changes
+//   QlOLDataSourceSave.cpp      the saving templates, the file-wide sections, force sets and channel copies
+//   QlOLDataSourceSaveChannels.cpp   writing each item back into its channel section
 
 #include "QlDataAnalysisExt/Core/OLDataSource.h"
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 struct OLDataItemLoadRecord;
 class QlSectionReader;
+class QlSectionWriter;
 
 class QlOLDataSource : public OLDataSource {
 public:
@@ -51,9 +55,6 @@ public:
     bool SaveAs(const std::string& path, bool flag) override;
     void SetData(unsigned channel, std::int32_t* samples, std::uint32_t rows, std::uint32_t columns,
                  std::uint64_t fileOffset) override;
-    void SetZSensitivity(unsigned channel, double value, std::string units, bool companions) override;
-    void SetDataScale(unsigned channel, UValue& value, bool flag) override;
-    void SetChannelParameters(unsigned channel, float factor) override;
     std::vector<std::string> GetDataPlistNames() override;
     std::string GetParameterListForItem(const std::string& section, const std::string& key) override;
     void RemoveChannel(unsigned channel) override;
@@ -63,6 +64,11 @@ public:
     void ApplyZOffsets(bool takeOff);
     // Puts the invalid mark back on the samples a repair replaced; true when any changed.
     bool ApplyInvalidFill();
+
+    // ---- QlOLDataSourceScaleChanges.cpp ----
+    void SetZSensitivity(unsigned channel, double value, std::string units, bool companions) override;
+    void SetDataScale(unsigned channel, UValue& value, bool flag) override;
+    void SetChannelParameters(unsigned channel, float factor) override;
 
     // ---- QlOLDataSourceSave.cpp ----
     bool SaveChannelAs(unsigned channel, const std::string& path, bool flag) override;
@@ -74,6 +80,10 @@ public:
     bool WriteChannelData(const DataFilePtr& file, const DataContainerPtr& section, unsigned channel,
                           const std::string& sectionName, const std::string& key) override;
     DataFilePtr CreateDataFile(const std::string& path) override;
+
+    // Header sizes of a saved file: the large one leaves room for colour tables.
+    static constexpr std::uint32_t kHeaderSize = 0xA000;
+    static constexpr std::uint32_t kLargeHeaderSize = 0x13C40;
 
     // ---- QlOLDataSourceSensitivity.cpp ----
     // The section that holds a sensitivity named in square brackets, and its
@@ -167,6 +177,47 @@ private:
     // A value in a unit of the dictionary; without a unit where the dictionary
     // does not know the name.
     static UValue ValueIn(double value, const std::string& unitName);
+
+    // ---- QlOLDataSourceOverrides.cpp ----
+    // Runs work on samples as the file keeps them: input offsets taken off and
+    // repaired samples marked invalid again; afterwards the samples are what
+    // they were, so that a client sees no change from a save.
+    bool withFileSamples(const std::function<bool()>& work);
+
+    // ---- QlOLDataSourceScaleChanges.cpp ----
+    // The magnify of a channel times factor, and its magnify text to match.
+    void magnifyChannel(OLDataItem& item, float factor);
+    // The new software scale, sensitivity text, value and unit of one item.
+    static void takeSensitivity(OLDataItem& item, float softScale, const std::string& text, double value,
+                                const std::string& units);
+
+    // ---- QlOLDataSourceSave.cpp ----
+    void writeForceSection(const DataFilePtr& file) const;
+    void writeScanSection(const DataFilePtr& file) const;
+    void writeFileSection(const DataFilePtr& file, std::uint32_t headerSize);
+    // A number under a key that the section may lack: added as a text where it does.
+    void writeNumber(const DataFilePtr& file, const std::string& sectionName, const std::string& key,
+                     double value) const;
+    // The aspect ratio texts of a section, where they read as another ratio than ratio.
+    void writeAspectRatio(const QlSectionWriter& section, float ratio) const;
+    // The file of a force set: a force file of the force channels alone.
+    void writeForceFileHeader(const DataFilePtr& file) const;
+    // A new file at path, filled and written with the samples as the file keeps them.
+    bool saveNewFile(const std::string& path, const char* operation,
+                     const std::function<void(const DataFilePtr&)>& fill);
+    // The points of one half of the item's curves: its samples per line less the hold section.
+    int curveHalf(const OLDataItem& item) const;
+    // A scan size as files hold it: in microns, unless counted in pixels.
+    static UValue InMicrons(const UValue& size);
+    static bool IsQuillonFile(const DataFilePtr& file);
+    static void LogOpenFailure();
+
+    // ---- QlOLDataSourceSaveChannels.cpp ----
+    void writeChannel(const DataFilePtr& file, unsigned channel, bool largeHeader);
+    void writeForceChannel(const QlSectionWriter& section, const OLDataItem& item) const;
+    void writeImageChannel(const DataFilePtr& file, const QlSectionWriter& section, unsigned channel) const;
+    void writeChannelScales(const QlSectionWriter& section, unsigned channel) const;
+    void writeSensitivity(const DataFilePtr& file, const OLDataItem& item) const;
 
     bool subtypeIs(const char* subtype) const { return fileSubType == subtype; }
     bool subtypeIsOneOf(std::initializer_list<const char*> subtypes) const;
