@@ -260,6 +260,10 @@ void QlOLDataSource::writeForceFileHeader(const DataFilePtr& file) const {
 }
 
 bool QlOLDataSource::SaveForceCurveSet(unsigned curve, const std::string& path) {
+    // A position beyond the volume has no curves to make a file of.
+    if (curve >= static_cast<unsigned>(std::max(forcesPerLine, 0))) {
+        return false;
+    }
     return saveNewFile(path, "QlOLDataSource::SaveForceCurveSet", [&](const DataFilePtr& file) {
         if (dataFile) {
             file->CopyFrom(*dataFile);
