@@ -126,6 +126,162 @@ DSDLL_API void DataSourceDllSetMessageCallback(void (*cb)(const char* text, void
 DSDLL_API void DataSourceDllSetLogCallback(void (*cb)(const char* logger, int severity, const char* text, void* user),
                                            void* user);
 
+/* The kinds of the current file, as a sum of the bits below: a file may be
+ * of more than one kind (an electrochemistry image is an image too). */
+#define DATASOURCEDLL_KIND_IMAGE 0x0001
+#define DATASOURCEDLL_KIND_FORCE 0x0002
+#define DATASOURCEDLL_KIND_FORCE_VOLUME 0x0004
+#define DATASOURCEDLL_KIND_HIGH_SPEED 0x0008
+#define DATASOURCEDLL_KIND_SCRIPT 0x0010
+#define DATASOURCEDLL_KIND_TIMED 0x0020
+#define DATASOURCEDLL_KIND_TIMED_FORCE 0x0040
+#define DATASOURCEDLL_KIND_EC 0x0080
+#define DATASOURCEDLL_KIND_EC_STM 0x0100
+#define DATASOURCEDLL_KIND_EC_AFM 0x0200
+#define DATASOURCEDLL_KIND_EC_FORCE 0x0400
+#define DATASOURCEDLL_KIND_HARLEN 0x0800
+DSDLL_API int DataSourceDllGetFileKinds(int* kinds);
+
+/* Several files at once.
+ *
+ * A handle holds an open file of its own, beside the current file of the
+ * functions above, which it never changes. For every function above that
+ * reads the current file there is one named DataSourceDllHandle... that
+ * takes a handle first and then the same arguments, and gives the same
+ * results for the handle's file: DataSourceDllHandleGetImageMetricData(h, 0,
+ * out, size, &count) is DataSourceDllGetImageMetricData(0, out, size,
+ * &count) on h. A null, closed or unknown handle answers as no open file
+ * does: -1, or "UNKNOWN" for texts. Texts are released with
+ * DataSourceDllFreeString. DataSourceDllGetSegmentDescription and
+ * DataSourceDllGetForceDataScaleUnits read no file and serve handles as they are.
+ *
+ * Handles are independent: two threads may each read their own handle at
+ * the same time. Calls on one handle from several threads run one after the
+ * other. Shared by the whole process, handles and current file alike: the
+ * message and log callbacks, the log filter that every open sets, the
+ * capture phase and amplitude that the last capture Z read set up, and the
+ * unit system that the first Harlen deflection row of the process chooses.
+ */
+typedef struct DataSourceDllHandle DataSourceDllHandle;
+
+/* Opens path with the same choice of family as DataSourceDllOpen; null when
+ * it does not open. */
+DSDLL_API DataSourceDllHandle* DataSourceDllOpenHandle(const char* path);
+/* Closes the file of a handle, which is then no longer valid: 1, or -1 for a
+ * handle that is not open. A null handle is accepted (1). */
+DSDLL_API int DataSourceDllCloseHandle(DataSourceDllHandle* handle);
+/* The text that chose the file's family: "Quillon Data File", "Harlen Data
+ * File" or ".tef". */
+DSDLL_API char* DataSourceDllHandleGetFileTypeText(DataSourceDllHandle* handle);
+DSDLL_API int DataSourceDllHandleGetFileKinds(DataSourceDllHandle* handle, int* kinds);
+
+DSDLL_API int DataSourceDllHandleGetNumberOfChannels(DataSourceDllHandle* handle, int* out);
+DSDLL_API int DataSourceDllHandleGetNumberOfLines(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetSamplesPerLine(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetDataBufferSize(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetImageData(DataSourceDllHandle* handle, int channel, double* out, int bufferSize,
+                                              int* count);
+DSDLL_API int DataSourceDllHandleGetImageMetricData(DataSourceDllHandle* handle, int channel, double* out,
+                                                    int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetImageVoltsData(DataSourceDllHandle* handle, int channel, double* out,
+                                                   int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetExportScalingFactor(DataSourceDllHandle* handle, int channel, double* out,
+                                                        bool metric);
+DSDLL_API int DataSourceDllHandleGetScalingFactor(DataSourceDllHandle* handle, int channel, double* out,
+                                                  bool metric);
+DSDLL_API int DataSourceDllHandleGetZScaleInSwUnits(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetZScaleInHwUnits(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetZSensitivitySoftScale(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetZSensitivityUnits(DataSourceDllHandle* handle, int channel, char* out);
+DSDLL_API int DataSourceDllHandleGetZSensitivityUnitsSafe(DataSourceDllHandle* handle, int channel, char* out,
+                                                          int bufferSize);
+DSDLL_API char* DataSourceDllHandleGetMetricDataScaleUnits(DataSourceDllHandle* handle, int channel);
+DSDLL_API char* DataSourceDllHandleGetVoltsDataScaleUnits(DataSourceDllHandle* handle, int channel);
+DSDLL_API char* DataSourceDllHandleGetDataTypeDesc(DataSourceDllHandle* handle, int channel);
+DSDLL_API char* DataSourceDllHandleGetLineDirection(DataSourceDllHandle* handle, int channel);
+DSDLL_API char* DataSourceDllHandleGetScanLine(DataSourceDllHandle* handle, int channel);
+DSDLL_API int DataSourceDllHandleGetScanSize(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API char* DataSourceDllHandleGetScanSizeUnit(DataSourceDllHandle* handle, int channel);
+DSDLL_API int DataSourceDllHandleGetImageAspectRatio(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetPlanefitSettings(DataSourceDllHandle* handle, int channel, double* a, double* b,
+                                                     double* c, int* order);
+DSDLL_API int DataSourceDllHandleGetPoissonRatio(DataSourceDllHandle* handle, double* out);
+DSDLL_API int DataSourceDllHandleGetTipRadius(DataSourceDllHandle* handle, double* out);
+DSDLL_API int DataSourceDllHandleGetHalfAngle(DataSourceDllHandle* handle, double* out);
+DSDLL_API int DataSourceDllHandleGetForceSpringConstant(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetRampSize(DataSourceDllHandle* handle, int channel, double* out, bool scaled);
+DSDLL_API char* DataSourceDllHandleGetRampUnits(DataSourceDllHandle* handle, int channel, bool scaled);
+DSDLL_API int DataSourceDllHandleGetForwardRampVelocity(DataSourceDllHandle* handle, int channel, double* out,
+                                                        bool scaled);
+DSDLL_API int DataSourceDllHandleGetReverseRampVelocity(DataSourceDllHandle* handle, int channel, double* out,
+                                                        bool scaled);
+
+DSDLL_API int DataSourceDllHandleGetForceSamplesPerLine(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetNumberOfTracePoints(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetNumberOfPointsPerCurve(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetNumberOfForceCurves(DataSourceDllHandle* handle, int* out);
+DSDLL_API int DataSourceDllHandleGetForcesPerLine(DataSourceDllHandle* handle, int* out);
+DSDLL_API int DataSourceDllHandleGetForceCurveData(DataSourceDllHandle* handle, int channel, double* first,
+                                                   double* second);
+DSDLL_API int DataSourceDllHandleGetForceCurveMetricData(DataSourceDllHandle* handle, int channel, double* first,
+                                                         double* second);
+DSDLL_API int DataSourceDllHandleGetForceCurveForceData(DataSourceDllHandle* handle, int channel, double* first,
+                                                        double* second);
+DSDLL_API int DataSourceDllHandleGetForceCurveVoltsData(DataSourceDllHandle* handle, int channel, double* first,
+                                                        double* second);
+DSDLL_API int DataSourceDllHandleGetForceVolumeImageData(DataSourceDllHandle* handle, double* out, int bufferSize,
+                                                         int* count);
+DSDLL_API int DataSourceDllHandleGetForceVolumeMetricImageData(DataSourceDllHandle* handle, double* out,
+                                                               int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetForceVolumeVoltsImageData(DataSourceDllHandle* handle, double* out,
+                                                              int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetForceVolumeForceCurveData(DataSourceDllHandle* handle, int curve, double* first,
+                                                              double* second, int* firstCount, int* secondCount,
+                                                              int bufferSize);
+DSDLL_API int DataSourceDllHandleGetForceVolumeMetricForceCurveData(DataSourceDllHandle* handle, int curve,
+                                                                    double* first, double* second, int* firstCount,
+                                                                    int* secondCount, int bufferSize);
+DSDLL_API int DataSourceDllHandleGetForceVolumeForceForceCurveData(DataSourceDllHandle* handle, int curve,
+                                                                   double* first, double* second, int* firstCount,
+                                                                   int* secondCount, int bufferSize);
+DSDLL_API int DataSourceDllHandleGetForceVolumeVoltsForceCurveData(DataSourceDllHandle* handle, int curve,
+                                                                   double* first, double* second, int* firstCount,
+                                                                   int* secondCount, int bufferSize);
+DSDLL_API int DataSourceDllHandleGetNumberOfHoldPoints(DataSourceDllHandle* handle, int channel, int* out);
+DSDLL_API int DataSourceDllHandleGetForceHoldTime(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetForceHoldData(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetForceMetricHoldData(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetForceVoltsHoldData(DataSourceDllHandle* handle, int channel, double* out);
+DSDLL_API int DataSourceDllHandleGetForceVolumeHoldData(DataSourceDllHandle* handle, int channel, int curve,
+                                                        double* out);
+DSDLL_API int DataSourceDllHandleGetForceVolumeMetricHoldData(DataSourceDllHandle* handle, int channel, int curve,
+                                                              double* out);
+DSDLL_API int DataSourceDllHandleGetForceVolumeVoltsHoldData(DataSourceDllHandle* handle, int channel, int curve,
+                                                             double* out);
+DSDLL_API int DataSourceDllHandleGetHSDCForceCurveData(DataSourceDllHandle* handle, int channel, double* out,
+                                                       int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetHSDCMetricForceCurveData(DataSourceDllHandle* handle, int channel, double* out,
+                                                             int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetHSDCVoltsForceCurveData(DataSourceDllHandle* handle, int channel, double* out,
+                                                            int bufferSize, int* count);
+DSDLL_API int DataSourceDllHandleGetHsdcRate(DataSourceDllHandle* handle, int channel, double* out);
+
+DSDLL_API int DataSourceDllHandleGetScriptSegmentCount(DataSourceDllHandle* handle, int* out);
+DSDLL_API int DataSourceDllHandleGetScriptSegmentInfo(DataSourceDllHandle* handle, int count, int* samples,
+                                                      int* type, float* duration);
+DSDLL_API int DataSourceDllHandleGetScriptSegmentData(DataSourceDllHandle* handle, int channel, int segment,
+                                                      int points, double* time, double* out);
+DSDLL_API int DataSourceDllHandleGetScriptMetricSegmentData(DataSourceDllHandle* handle, int channel, int segment,
+                                                            int points, double* time, double* out);
+DSDLL_API int DataSourceDllHandleGetScriptVoltsSegmentData(DataSourceDllHandle* handle, int channel, int segment,
+                                                           int points, double* time, double* out);
+DSDLL_API int DataSourceDllHandleGetCrestloadCaptureZData(DataSourceDllHandle* handle, double* first,
+                                                          double* second, int firstCount, int secondCount);
+DSDLL_API int DataSourceDllHandleGetCrestloadTappingFreq(DataSourceDllHandle* handle, double* out);
+DSDLL_API char* DataSourceDllHandleGetForceSweepChannel(DataSourceDllHandle* handle, int channel);
+DSDLL_API int DataSourceDllHandleGetForceSweepFreqRange(DataSourceDllHandle* handle, int channel, double* low,
+                                                        double* high);
+
 #ifdef __cplusplus
 }
 #endif

@@ -2,8 +2,10 @@
 
 // The C++ face of the library: a class with no state whose static members are
 // the exports. Each flat C function of DataSourceDll.h forwards to one member.
+// Installed beside the C header, and needs nothing else of the library's
+// sources: a host includes it as "DataSourceDll/DataSourceDllClass.h".
 
-#include "Platform/Export.h"
+#include "DataSourceDll/DataSourceDll.h"
 
 #include <cstdint>
 
@@ -15,7 +17,7 @@ enum ScanUnits : std::int32_t {
     ScanUnitsRaw = 3,
 };
 
-class DS_EXPORT DataSourceDll {
+class DSDLL_API DataSourceDll {
 public:
     DataSourceDll();
     ~DataSourceDll();

@@ -1,5 +1,6 @@
 #include "DataSourceDll/DataSourceDllState.h"
 
+#include "DataSourceDll/SourceSlot.h"
 #include "QlDataAnalysisExt/ColorTables/ICreateColorTableCallback.h"
 #include "QlDataAnalysisExt/Core/IOLDataSource.h"
 
@@ -8,43 +9,21 @@
 
 namespace DataSourceDllState {
 
-namespace {
-struct State {
-    IOLDataSource* current = nullptr;
-    std::shared_ptr<IOLDataSource> owner;
-    // The callback object lives as long as the source it was made for.
-    std::unique_ptr<ICreateColorTableCallback> callback;
-};
-State& state() {
-    static State s;
-    return s;
-}
-}  // namespace
-
-IOLDataSource* Current() { return state().current; }
-
-void Install(std::shared_ptr<IOLDataSource> source, std::unique_ptr<ICreateColorTableCallback> callback) {
-    auto& s = state();
-    // The new owner replaces the old one before the old callback goes, so the
-    // old source never outlives its callback.
-    auto oldOwner = std::move(s.owner);
-    auto oldCallback = std::move(s.callback);
-    s.current = source.get();
-    s.owner = std::move(source);
-    s.callback = std::move(callback);
-    oldOwner.reset();
-    oldCallback.reset();
+SourceSlot& Slot() {
+    static SourceSlot slot;
+    return slot;
 }
 
-void CloseCurrent() {
-    auto& s = state();
-    if (s.current) {
-        s.current->Close();
-    }
-    Release();
+IOLDataSource* Current() { return Slot().Source(); }
+std::string FileType() { return Slot().FileType(); }
+
+void Install(std::shared_ptr<IOLDataSource> source, std::unique_ptr<ICreateColorTableCallback> callback,
+             std::string fileType) {
+    Slot().Install(std::move(source), std::move(callback), std::move(fileType));
 }
 
-void Release() { Install(nullptr, nullptr); }
+void CloseCurrent() { Slot().CloseCurrent(); }
+void Release() { Slot().Release(); }
 
 char* NewText(const std::string& text) {
     char* out = new (std::nothrow) char[text.size() + 1];

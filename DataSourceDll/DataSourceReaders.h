@@ -12,12 +12,16 @@ class IOLDataSource;
 
 namespace DataSourceReaders {
 
-// The process-wide values of the last capture set-up; they survive Close and Open.
+// The values of the last capture set-up. They are process-wide: they
+// survive Close and Open, and one handle's capture Z read sets them for all.
 struct CaptureState {
     double phase = 0.0;
     double amplitude = 0.0;
 };
-CaptureState& Capture();
+// Sets up the capture of a curve of n points with the phase count phaseCount
+// and amplitude, and gives the values in force after it, all under one lock:
+// a phase count of exactly 0 keeps the values before.
+CaptureState SetUpCapture(int n, double phaseCount, double amplitude);
 
 // The factor from raw counts of channel c: the image rule over 4294967295, and
 // the force rule over the channel's scaling factor (force units included only
@@ -53,6 +57,8 @@ int GetImageAspectRatio(IOLDataSource& s, int c, double* out);
 int GetPlanefitSettings(IOLDataSource& s, int c, double* a, double* b, double* c2, int* order);
 int GetForceSamplesPerLine(IOLDataSource& s, int c, int* out);
 int GetNumberOfTracePoints(IOLDataSource& s, int c, int* out);
+// The kind predicates that hold, as the DATASOURCEDLL_KIND_ bits.
+int GetFileKinds(IOLDataSource& s, int* kinds);
 
 // Texts: the answer, or false when the source cannot give one.
 bool GetDataScaleUnits(IOLDataSource& s, int c, bool metric, std::string& out);

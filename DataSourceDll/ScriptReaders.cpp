@@ -11,16 +11,12 @@
 #include <climits>
 #include <cmath>
 #include <cstdlib>
+#include <mutex>
 #include <new>
 #include <string>
 #include <vector>
 
 namespace DataSourceReaders {
-
-CaptureState& Capture() {
-    static CaptureState state;
-    return state;
-}
 
 namespace {
 
@@ -68,28 +64,31 @@ void readSegmentLists(IOLDataSource& s, int count, int* samples, int* size, int*
     parseList(s.GetSegmentDurationList(), count, duration, parseFloat);
 }
 
-void captureSetup(int n, double s, double amplitude) {
-    if (s == 0.0) {
-        return;
-    }
-    auto& capture = Capture();
-    capture.amplitude = amplitude;
-    if (n == 0) {
-        capture.phase = 0.0;
-        return;
-    }
-    const double r = std::trunc(s + 0.5);
-    capture.phase = 1.570796327 - (s - r + (n / 2 - 1)) * 6.283185308 / n;
-}
-
-double capturePoint(int i, int n) {
-    const auto& capture = Capture();
+double capturePoint(const CaptureState& capture, int i, int n) {
     const float x = n == 0 ? 0.0f : static_cast<float>(i * 6.283185308 / n + capture.phase);
     const float y = std::sin(x);
     return static_cast<float>(y * capture.amplitude + capture.amplitude);
 }
 
 }  // namespace
+
+CaptureState SetUpCapture(int n, double phaseCount, double amplitude) {
+    // Process-wide, and so shared by the handles that two threads may read.
+    static std::mutex lock;
+    static CaptureState state;
+    std::lock_guard<std::mutex> guard(lock);
+    if (phaseCount == 0.0) {
+        return state;
+    }
+    state.amplitude = amplitude;
+    if (n == 0) {
+        state.phase = 0.0;
+        return state;
+    }
+    const double r = std::trunc(phaseCount + 0.5);
+    state.phase = 1.570796327 - (phaseCount - r + (n / 2 - 1)) * 6.283185308 / n;
+    return state;
+}
 
 int GetScriptSegmentCount(IOLDataSource& s, int* out) {
     if (!out || !s.IsScriptFile()) {
@@ -216,12 +215,12 @@ int GetCrestloadCaptureZData(IOLDataSource& s, double* first, double* second, in
         return -1;
     }
     const int n = firstCount + secondCount;
-    captureSetup(n, CapturePhase(s, n), s.GetCrestloadAmplitude());
+    const CaptureState capture = SetUpCapture(n, CapturePhase(s, n), s.GetCrestloadAmplitude());
     for (int i = 0; i < firstCount; ++i) {
-        first[firstCount - 1 - i] = capturePoint(i, n);
+        first[firstCount - 1 - i] = capturePoint(capture, i, n);
     }
     for (int j = 0; j < secondCount; ++j) {
-        second[j] = capturePoint(n / 2 + j, n);
+        second[j] = capturePoint(capture, n / 2 + j, n);
     }
     return 1;
 }

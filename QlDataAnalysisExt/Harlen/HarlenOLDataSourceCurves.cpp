@@ -5,6 +5,7 @@
 // that the largest sample of its two rows reaches the top of the count range.
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -27,8 +28,10 @@ using HarlenNumbers::NarrowToFloat;
 namespace {
 
 // The first deflection row that the process reads decides the unit system of
-// its source; later sources keep what their files say.
-bool firstDeflectionRow = true;
+// its source; later sources keep what their files say. Process-wide, and so
+// atomic: sources of several handles may be opened by two threads at once,
+// and exactly one of them takes the first row.
+std::atomic<bool> firstDeflectionRow{true};
 
 std::optional<float> sampleAt(const FloatMatrix& curve, int row) {
     if (row < 0 || static_cast<std::size_t>(row) >= curve.size1() || curve.size2() == 0) {
@@ -279,11 +282,10 @@ void HarlenOLDataSource::addForceCurveItem(OLDataItemLoadRecord& record, const F
         record.hardScale = NarrowToFloat(hard);
         record.softScale = NarrowToFloat(hard * deflectionSensitivity);
         record.zRange = UValue(hard, "V");
-        if (firstDeflectionRow) {
+        if (firstDeflectionRow.exchange(false)) {
             setUnitSystem(Orx::Core::IsLengthUnit(rowUnit)    ? "Metric"
                           : Orx::Core::IsVoltageUnit(rowUnit) ? "Volt"
                                                               : "Force");
-            firstDeflectionRow = false;
         }
     }
 
