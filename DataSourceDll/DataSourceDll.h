@@ -126,6 +126,23 @@ DSDLL_API void DataSourceDllSetMessageCallback(void (*cb)(const char* text, void
 DSDLL_API void DataSourceDllSetLogCallback(void (*cb)(const char* logger, int severity, const char* text, void* user),
                                            void* user);
 
+/* Saving the current file (there are no handle forms of these). Each answers
+ * 1, or -1 with no file open, a null argument, a channel out of range, or a
+ * save that failed; why a save failed goes to the message callback. A file
+ * is written beside its target and then put in its place, so a failure never
+ * leaves a damaged target. */
+/* Writes the current file, with the changes made to it, at path; the current
+ * file stays the one that was opened. A ".tef" file keeps the size of its
+ * note area and is written with 2-byte pixels. */
+DSDLL_API int DataSourceDllSaveAs(char* path);
+/* Gives every channel of the current file this note, to be written by the
+ * next save. */
+DSDLL_API int DataSourceDllSetNote(char* text);
+/* Writes channel N (from 0) as the one channel of a new file at path. Of a
+ * ".tef" file the channel is written as it stands in the file on disk,
+ * without the changes made to it since. */
+DSDLL_API int DataSourceDllSaveChannelAs(int channel, char* path);
+
 /* The kinds of the current file, as a sum of the bits below: a file may be
  * of more than one kind (an electrochemistry image is an image too). */
 #define DATASOURCEDLL_KIND_IMAGE 0x0001
@@ -281,6 +298,19 @@ DSDLL_API int DataSourceDllHandleGetCrestloadTappingFreq(DataSourceDllHandle* ha
 DSDLL_API char* DataSourceDllHandleGetForceSweepChannel(DataSourceDllHandle* handle, int channel);
 DSDLL_API int DataSourceDllHandleGetForceSweepFreqRange(DataSourceDllHandle* handle, int channel, double* low,
                                                         double* high);
+
+/* What a file is, for hosts that show it to a person */
+
+/* The text that chose the current file's family: "Quillon Data File",
+ * "Harlen Data File" or ".tef"; "UNKNOWN" with no file open. */
+DSDLL_API char* DataSourceDllGetFileTypeText(void);
+/* Every section of the section-and-key file at path, each followed by its
+ * keys with their values as a person reads them: the section's name on a line
+ * of its own, then one line "  key = value" for each key, a blank line after
+ * each section. A line break within a value is written as the two characters
+ * "\n". "UNKNOWN" when the file does not open as such a file (".tef" files
+ * have no sections). The current file is not changed. */
+DSDLL_API char* DataSourceDllDumpParameters(char* path);
 
 #ifdef __cplusplus
 }
