@@ -53,6 +53,7 @@ public:
 
     // ---- QlOLDataSourceOverrides.cpp ----
     bool SaveAs(const std::string& path, bool flag) override;
+    DataFilePtr SaveToDataFile(const std::string& path, bool flag) override;
     void SetData(unsigned channel, std::int32_t* samples, std::uint32_t rows, std::uint32_t columns,
                  std::uint64_t fileOffset) override;
     std::vector<std::string> GetDataPlistNames() override;

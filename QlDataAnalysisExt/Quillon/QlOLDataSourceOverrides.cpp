@@ -129,6 +129,17 @@ bool QlOLDataSource::SaveAs(const std::string& path, bool flag) {
     return withFileSamples([&] { return OLDataSource::SaveAs(path, flag); });
 }
 
+// The file handed out holds its own copy of the samples, taken while they
+// are as the file keeps them.
+DataFilePtr QlOLDataSource::SaveToDataFile(const std::string& path, bool flag) {
+    DataFilePtr file;
+    withFileSamples([&] {
+        file = OLDataSource::SaveToDataFile(path, flag);
+        return file != nullptr;
+    });
+    return file;
+}
+
 void QlOLDataSource::SetData(unsigned channel, std::int32_t* samples, std::uint32_t rows, std::uint32_t columns,
                              std::uint64_t fileOffset) {
     OLDataItem* item = writeItem(channel);

@@ -9,11 +9,6 @@ using namespace QuillonSave;
 
 namespace {
 
-const char* const kForce = "Dulce force image list";
-const char* const kForce2 = "Dulce force image list#2";
-const char* const kImage = "Dulce image list";
-const char* const kImage2 = "Dulce image list#2";
-
 // Each curve of the builder's force volume: both halves and the hold section.
 constexpr std::size_t kCurve = 2 * QuillonBuilder::kCurveHalf + QuillonBuilder::kHoldPoints;
 

@@ -12,24 +12,10 @@
 
 using namespace QuillonSave;
 
-namespace {
-
-const char* const kImage = "Dulce image list";
-const char* const kImage2 = "Dulce image list#2";
-
-std::shared_ptr<Source> LoadInMemory(QuillonBuilder& file) {
-    const std::vector<std::uint8_t> bytes = file.Bytes();
-    auto source = std::make_shared<Source>(Orx::DataCore::DataFile::OpenMemory(bytes.data(), bytes.size()), nullptr);
-    source->Initialize();
-    return source;
-}
-
-}  // namespace
-
 TEST(QuillonOverridesTest, NewSamplesGoIntoTheChannelsMatrixResizedOnlyForAnotherShape) {
     QuillonBuilder file("IMAGE");
     file.Remove(kImage2, "RawData");
-    const auto source = LoadInMemory(file);
+    const auto source = QuillonTest::Load(file);
     const std::int32_t* matrix = source->GetData(0);
 
     std::vector<std::int32_t> same(16);
@@ -64,7 +50,7 @@ TEST(QuillonOverridesTest, NewSamplesGoIntoTheChannelsMatrixResizedOnlyForAnothe
 
 TEST(QuillonOverridesTest, RemovingEveryChannelEmptiesTheFilesListAndClosesTheSource) {
     QuillonBuilder file("IMAGE");
-    const auto source = LoadInMemory(file);
+    const auto source = QuillonTest::Load(file);
     const std::vector<std::int32_t> second = SamplesOf(*source, 1);
     source->RemoveChannel(0);
     source->RemoveChannel(5);
@@ -88,7 +74,7 @@ TEST(QuillonOverridesTest, RemovingEveryChannelEmptiesTheFilesListAndClosesTheSo
 
 TEST(QuillonOverridesTest, PlistNamesAreTheSectionsOfAQuillonFileOnly) {
     QuillonBuilder file("IMAGE");
-    const auto names = LoadInMemory(file)->GetDataPlistNames();
+    const auto names = QuillonTest::Load(file)->GetDataPlistNames();
     for (const char* section : {"QuillonFileOverviewInfo", "Scanner list", kImage, kImage2}) {
         EXPECT_NE(std::find(names.begin(), names.end(), section), names.end()) << section;
     }
@@ -100,7 +86,7 @@ TEST(QuillonOverridesTest, PlistNamesAreTheSectionsOfAQuillonFileOnly) {
 TEST(QuillonOverridesTest, ParameterTextsShowTheChannelAsTheClientLeftIt) {
     QuillonBuilder image("IMAGE");
     image.Text("Spare image list#7", "@Z magnify", "C [2:Z scale] 3.000000");
-    const auto source = LoadInMemory(image);
+    const auto source = QuillonTest::Load(image);
     EXPECT_EQ(source->GetParameterListForItem("No such list", "Scan Rate"), "");
     EXPECT_EQ(source->GetParameterListForItem(QuillonBuilder::kScanList, "Scan Rate"), "0.9988");
     EXPECT_EQ(source->GetParameterListForItem(kImage, "Data Scale"), "5500 nm");
@@ -112,20 +98,19 @@ TEST(QuillonOverridesTest, ParameterTextsShowTheChannelAsTheClientLeftIt) {
     EXPECT_EQ(source->GetParameterListForItem("Spare image list#7", "@Z magnify"), "C [2:Z scale] 3.000000");
 
     QuillonBuilder force("FORCE");
-    const auto curves = LoadInMemory(force);
-    const char* const forceList = "Dulce force image list";
-    EXPECT_EQ(curves->GetParameterListForItem(forceList, "@4:Ramp channel"), "Z");
-    EXPECT_EQ(curves->GetParameterListForItem(forceList, "@4:Image Data"), "Deflection Error");
+    const auto curves = QuillonTest::Load(force);
+    EXPECT_EQ(curves->GetParameterListForItem(kForce, "@4:Ramp channel"), "Z");
+    EXPECT_EQ(curves->GetParameterListForItem(kForce, "@4:Image Data"), "Deflection Error");
     // 40 V of ramp at 12.5 nm/V, 2 V of display at 45.5 nm/V.
-    EXPECT_EQ(curves->GetParameterListForItem(forceList, "@4:Ramp size"), "500 nm");
-    EXPECT_EQ(curves->GetParameterListForItem(forceList, "@4:Z display"), "91 nm");
+    EXPECT_EQ(curves->GetParameterListForItem(kForce, "@4:Ramp size"), "500 nm");
+    EXPECT_EQ(curves->GetParameterListForItem(kForce, "@4:Z display"), "91 nm");
 }
 
 TEST(QuillonOverridesTest, HardwareScaleOfNothingGivesNoOffset) {
     QuillonBuilder file("IMAGE");
     file.Text(kImage, "@2:Z scale", "V [Sens. Zsens] (0 V/LSB) 0 V").Text(kImage, "@2:Z input offset", "V (1 V/LSB) 5 V");
     const std::vector<std::int32_t> stored = file.SamplesOf(0);
-    const auto source = LoadInMemory(file);
+    const auto source = QuillonTest::Load(file);
     EXPECT_EQ(source->ZOffsetOfChannel(0), 0);
     EXPECT_EQ(SamplesOf(*source, 0), stored);
 }

@@ -25,6 +25,12 @@ using HarlenTest::UnprivilegedScope;
 using QuillonTest::QuillonBuilder;
 namespace fs = std::filesystem;
 
+// Channel sections of the builder's files.
+inline const char* const kImage = "Dulce image list";
+inline const char* const kImage2 = "Dulce image list#2";
+inline const char* const kForce = "Dulce force image list";
+inline const char* const kForce2 = "Dulce force image list#2";
+
 // A Quillon source whose marks and offsets a test may read and set.
 class Source : public QuillonTest::Source {
 public:
@@ -38,9 +44,9 @@ public:
     using QlOLDataSource::ApplyInvalidFill;
 };
 
-inline std::shared_ptr<Source> OpenPath(const fs::path& path) {
+inline std::shared_ptr<Source> OpenPath(const fs::path& path, ICreateColorTableCallback* callback = nullptr) {
     auto source =
-        std::make_shared<Source>(Orx::DataCore::DataFile::Open(path.string(), 1, 0, "", nullptr), nullptr);
+        std::make_shared<Source>(Orx::DataCore::DataFile::Open(path.string(), 1, 0, "", nullptr), callback);
     source->Initialize();
     return source;
 }
@@ -54,9 +60,10 @@ struct FileOnDisk {
     fs::path path;
     std::shared_ptr<Source> source;
 
-    FileOnDisk(const std::string& name, QuillonBuilder& file) : folder(Folder(name)), path(folder / "original.spm") {
+    FileOnDisk(const std::string& name, QuillonBuilder& file, ICreateColorTableCallback* callback = nullptr)
+        : folder(Folder(name)), path(folder / "original.spm") {
         file.Write(path.string());
-        source = OpenPath(path);
+        source = OpenPath(path, callback);
     }
     fs::path Target(const std::string& name) const { return folder / name; }
     // Saves under a new name and opens what was written.
@@ -86,11 +93,15 @@ inline std::vector<std::int32_t> SamplesOf(const IOLDataSource& source, unsigned
                 : std::vector<std::int32_t>();
 }
 
-inline std::vector<std::int32_t> FileSamplesOf(const fs::path& path, const std::string& section) {
-    const auto container = SectionOf(path, section);
-    const auto matrix = container ? container->GetRawData("RawData") : nullptr;
+// The samples a channel section holds for its file.
+inline std::vector<std::int32_t> RawSamplesOf(const DataContainerPtr& section) {
+    const auto matrix = section ? section->GetRawData("RawData") : nullptr;
     return matrix ? std::vector<std::int32_t>(matrix->data().begin(), matrix->data().end())
                   : std::vector<std::int32_t>();
+}
+
+inline std::vector<std::int32_t> FileSamplesOf(const fs::path& path, const std::string& section) {
+    return RawSamplesOf(SectionOf(path, section));
 }
 
 // What a client reads of a source, channel by channel: two sources that agree

@@ -4,6 +4,7 @@
 #include "Quillon/QuillonSaveSupport.h"
 
 #include "Platform/FileSystem.h"
+#include "QlDataAnalysisExt/ColorTables/ICreateColorTableCallback.h"
 #include "QlDataAnalysisExt/FileAccess/ValueStrings.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +17,6 @@ namespace {
 
 const char* const kOutOfMemory = "Cannot save as another file, out of memory. ";
 const char* const kUnableToModify = "Unable to modify this file, please save to another name.";
-const char* const kImage = "Dulce image list";
-const char* const kImage2 = "Dulce image list#2";
 const char* const kMicrons = "\xB5m";
 
 // A builder file whose sizes are given in whole microns, as a save writes
@@ -272,12 +271,44 @@ TEST(QuillonSaveTest, InputOffsetsStayOutOfTheFileAcrossTheWrapOfACount) {
     EXPECT_EQ(SamplesOf(*again, 1), plain);
     EXPECT_EQ(TextOf(SectionOf(disk.Target("saved.spm"), kImage), "@2:Z input offset"), "V (1 V/LSB) 100.0000 V");
 
+    // Saved into its own file, or into a file handed to the client, alike.
+    ASSERT_TRUE(disk.source->Save(false));
+    EXPECT_EQ(FileSamplesOf(disk.path, kImage), stored);
+    const DataFilePtr handed = disk.source->SaveToDataFile(disk.Target("handed.spm").string(), false);
+    EXPECT_EQ(RawSamplesOf(handed->GetContainer({kImage})), stored);
+    EXPECT_EQ(SamplesOf(*disk.source, 0), shown);
+
     // A new offset is written, in the channel's unit.
     disk.source->GetDataItem(0)->SetInputOffset(50.0f);
     const auto moved = disk.SaveAndReopen(false, "moved.spm");
     EXPECT_EQ(TextOf(SectionOf(disk.Target("moved.spm"), kImage), "@2:Z input offset"),
               "V (1 V/LSB) 50.00000000000000 V");
     EXPECT_EQ(moved->GetDataItem(0)->GetInputOffset(), 50.0f);
+}
+
+TEST(QuillonSaveTest, ColourTableTravelsBehindTheLargeHeaderOnly) {
+    QuillonBuilder file("IMAGE");
+    file.Text(kImage, "Custom Color Table", "Yes").Text(kImage, "Interpolation Mode", "1");
+    for (const char* colour : {"Red", "Green", "Blue"}) {
+        file.Text(kImage, std::string("Number of ") + colour + " Edit Points", "2")
+            .Text(kImage, std::string(colour) + " Edit Point0", "0 0")
+            .Text(kImage, std::string(colour) + " Edit Point1", "255 255");
+    }
+    InterpolatingColorTableCallback colours;
+    const FileOnDisk disk("colours", file, &colours);
+    ASSERT_TRUE(disk.source->HasColorTable(0));
+    ColorTableObject table = disk.source->GetColorTable(0);
+    table.positions[0] = {0, 128, 255};
+    table.entries[128].red = 40;
+    disk.source->SetColorTable(0, table);
+
+    disk.source->SaveAs(disk.Target("small.spm").string(), false);
+    EXPECT_EQ(TextOf(SectionOf(disk.Target("small.spm"), kImage), "Number of Red Edit Points"), "2");
+    disk.source->SaveAs(disk.Target("large.spm").string(), true);
+    EXPECT_EQ(TextOf(SectionOf(disk.Target("large.spm"), kImage), "Red Edit Point1"), "128 40");
+    const auto again = OpenPath(disk.Target("large.spm"), &colours);
+    EXPECT_EQ(again->GetColorTable(0).positions, table.positions);
+    EXPECT_EQ(again->GetColorTable(0).entries[128].red, 40);
 }
 
 TEST(QuillonSaveTest, FailedMemoryProbeTouchesNeitherSourceNorDisk) {

@@ -12,7 +12,6 @@ using namespace QuillonSave;
 
 namespace {
 
-const char* const kImage = "Dulce image list";
 const char* const kAssertion =
     "QlOLDataSource::SetDataScale: dataScalecurrent.GetUnits()->GetName() == dataScaleNew.GetUnits()->GetName()";
 
