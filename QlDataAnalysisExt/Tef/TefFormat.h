@@ -26,6 +26,12 @@ inline constexpr std::uint16_t kRawDataSteps = 1;
 inline constexpr std::uint16_t kForwardDirection = 1;
 inline constexpr std::uint16_t kBackwardDirection = 2;
 
+// Identifier and size in front of each parameter record's value.
+inline constexpr std::uint32_t kRecordHeadSize = 4;
+// What the pixels of a written file are: words with all 16 bits in use.
+inline constexpr std::uint16_t kWrittenBytesPerPixel = 2;
+inline constexpr std::uint16_t kWrittenBitsInUse = 16;
+
 // The per-channel groups cover eight channels.
 inline constexpr std::uint16_t kChannelGroupSize = 8;
 
@@ -91,6 +97,20 @@ inline constexpr const char* kExpectingDouble = "Expecting double, wrong size fo
 // over image data already read.
 inline constexpr const char* kUnexpectedEnd = "Unexpected end of file, file misaligned";
 inline constexpr const char* kImageDataOverlaps = "Image data lies over other image data, file misaligned";
+
+// Refusals of the writers, which rebuild a file from the one it was loaded
+// from and the source's values.
+inline constexpr const char* kNoChannelData = "File contains no channel data.";
+inline constexpr const char* kNewSizeInvalid = "New file size invalid";
+inline constexpr const char* kZRangeMisaligned = "Z Range parameters misaligned";
+inline constexpr const char* kBitsMisaligned = "Bits Using parameters misaligned";
+inline constexpr const char* kNot16Bit = "This must be a 16 bit data file.";
+inline constexpr const char* kChannelOutOfSynch = "Channel data not in synch, file misaligned";
+inline constexpr const char* kNoOriginalChannelData = "No channel data in original file.";
+// Ours: a value that would land past the end of the new file, and a file
+// without the unit records where the rebuilt parameters begin.
+inline constexpr const char* kBeyondNewFile = "Data lies beyond the end of the new file, file misaligned";
+inline constexpr const char* kNoUnitsInOriginal = "No channel units in original file.";
 }  // namespace Message
 
 }  // namespace TefFormat

@@ -88,9 +88,6 @@ void TefOLDataSource::Load(const std::vector<std::uint8_t>& contents)
 
 // ---- overrides ----------------------------------------------------------------
 
-// written with saving
-bool TefOLDataSource::SaveAs(const std::string&, bool) { return false; }
-
 bool TefOLDataSource::IsImageFile() const { return true; }
 
 void TefOLDataSource::SetDataScale(unsigned channel, UValue& value, bool)
@@ -134,9 +131,6 @@ void TefOLDataSource::RemoveChannel(unsigned channel)
 std::vector<std::string> TefOLDataSource::GetDataPlistNames() { return {}; }
 
 std::string TefOLDataSource::GetParameterListForItem(const std::string&, const std::string&) { return {}; }
-
-// written with saving
-bool TefOLDataSource::SaveChannelAs(unsigned, const std::string&, bool) { return false; }
 
 // A ".tef" file is written byte by byte, never through a data file.
 bool TefOLDataSource::WriteDataFile(const DataFilePtr&, bool) { return false; }

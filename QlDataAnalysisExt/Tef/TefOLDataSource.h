@@ -7,6 +7,7 @@
 // Sources, by concern:
 //   TefOLDataSource.cpp         lifetime, reading the file, the guarded load, overrides
 //   TefOLDataSourceChannels.cpp what a walk found turned into the record, load records and items
+//   TefOLDataSourceSave.cpp     saving: the old file read again, rewritten (TefRewriter) and written
 
 #include "QlDataAnalysisExt/Core/OLDataItemLoadRecord.h"
 #include "QlDataAnalysisExt/Core/OLDataSource.h"
@@ -29,14 +30,18 @@ public:
 
     // ---- TefOLDataSource.cpp ----
     void Initialize() override;
+    // ---- TefOLDataSourceSave.cpp ----
     bool SaveAs(const std::string& path, bool flag) override;
+    // ---- TefOLDataSource.cpp ----
     bool IsImageFile() const override;
     void SetDataScale(unsigned channel, UValue& value, bool flag) override;
     void SetChannelParameters(unsigned channel, float factor) override;
     void RemoveChannel(unsigned channel) override;
     std::vector<std::string> GetDataPlistNames() override;
     std::string GetParameterListForItem(const std::string& section, const std::string& key) override;
+    // ---- TefOLDataSourceSave.cpp ----
     bool SaveChannelAs(unsigned channel, const std::string& path, bool flag) override;
+    // ---- TefOLDataSource.cpp ----
     bool WriteDataFile(const DataFilePtr& file, bool flag) override;
     void WriteChannelHeader(const DataFilePtr& file, const DataContainerPtr& section, unsigned channel,
                             const std::string& sectionName, const std::string& key, const std::string& value,
@@ -65,6 +70,20 @@ public:
     const std::string& GetKept20() const { return kept20; }
     const std::string& GetKept21() const { return kept21; }
     std::uint32_t GetKept145() const { return kept145; }
+    std::size_t GetItemCount() const { return items.size(); }
+
+    // ---- TefOLDataSourceSave.cpp ----
+    // Writes the source's current channels to a new file at path, with the
+    // parameters from the channel units on rebuilt; the source then stands
+    // for that file. False when nothing was written.
+    bool RewriteChannels(const std::string& path);
+    // The file at the source's path, whole; the bytes read, or 0 when it
+    // cannot be opened, is empty or will not fit in memory.
+    std::uint32_t ReadOriginal(std::vector<std::uint8_t>& contents) const;
+    // Writes a whole file at path, by way of a file beside it, so that a
+    // failure leaves what stood at path untouched. False when nothing was
+    // written.
+    static bool WriteBuffer(const std::string& path, const std::vector<std::uint8_t>& contents);
 
     // ---- TefOLDataSourceChannels.cpp ----
     // The raw offset that puts the low end of a channel's Z range, at its
