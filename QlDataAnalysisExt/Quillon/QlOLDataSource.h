@@ -187,9 +187,9 @@ private:
 
     // ---- QlOLDataSourceScaleChanges.cpp ----
     // The magnify of a channel times factor, and its magnify text to match.
-    void magnifyChannel(OLDataItem& item, float factor);
+    static void MagnifyChannel(OLDataItem& item, float factor);
     // The new software scale, sensitivity text, value and unit of one item.
-    static void takeSensitivity(OLDataItem& item, float softScale, const std::string& text, double value,
+    static void TakeSensitivity(OLDataItem& item, float softScale, const std::string& text, double value,
                                 const std::string& units);
 
     // ---- QlOLDataSourceSave.cpp ----

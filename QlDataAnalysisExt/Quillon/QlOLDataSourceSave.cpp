@@ -280,7 +280,8 @@ bool QlOLDataSource::SaveForceCurveSet(unsigned curve, const std::string& path) 
                 continue;
             }
             std::int32_t* samples = GetForceVolumeCurveData(static_cast<unsigned>(c), static_cast<int>(curve));
-            const std::uint64_t stride = static_cast<std::uint64_t>(std::max(holdPoints, 0)) + 2ull * item.GetRetracePoints();
+            const std::uint64_t stride =
+                static_cast<std::uint64_t>(std::max(holdPoints, 0)) + 2ull * item.GetRetracePoints();
             const std::uint64_t left = samples ? item.GetData() + item.GetDataSize() - samples : 0;
             buffers.push_back(samples);
             lengths.push_back(static_cast<std::uint32_t>(std::min(stride, left)));

@@ -104,14 +104,16 @@ void QlOLDataSource::writeChannelScales(const QlSectionWriter& section, unsigned
         section.Set("@2:Z scale", item.GetZText());
         const std::string display = section.FirstExisting({"@4:Z Display", "@4:Z display"});
         if (!display.empty()) {
-            section.Set(display, QlScaleTexts::WithSoftValue(section.Text(display), item.GetThirdScale(false).GetValue()));
+            const double value = item.GetThirdScale(false).GetValue();
+            section.Set(display, QlScaleTexts::WithSoftValue(section.Text(display), value));
         }
         section.SetFirst({"Spring Constant", "Spring constant"}, item.GetForceSpringConstant());
     }
     section.Set("@Z magnify", item.GetMagnifyText());
     if (section.Has("@2:Z input offset")) {
-        section.Set("@2:Z input offset", QlScaleTexts::WithInputOffset(section.Text("@2:Z input offset"),
-                                                                        item.GetInputOffset(), item.GetDataScaleName()));
+        const std::string text = section.Text("@2:Z input offset");
+        section.Set("@2:Z input offset",
+                    QlScaleTexts::WithInputOffset(text, item.GetInputOffset(), item.GetDataScaleName()));
     }
     section.Set("Note", item.GetNote());
 }

@@ -10,7 +10,7 @@
 
 #include <utility>
 
-void QlOLDataSource::magnifyChannel(OLDataItem& item, float factor) {
+void QlOLDataSource::MagnifyChannel(OLDataItem& item, float factor) {
     const float magnify = item.GetZMagnify() * factor;
     item.SetZMagnify(magnify);
     item.SetMagnifyText(QlScaleTexts::WithMagnify(item.GetMagnifyText(), magnify));
@@ -40,7 +40,7 @@ void QlOLDataSource::SetDataScale(unsigned channel, UValue& value, bool flag) {
     // The magnify takes up the change, so that what is shown keeps its size;
     // a scale of nothing has no ratio to take up.
     if (changed.GetValue() != 0.0) {
-        magnifyChannel(*item, static_cast<float>(current.GetValue() / changed.GetValue()));
+        MagnifyChannel(*item, static_cast<float>(current.GetValue() / changed.GetValue()));
     }
 }
 
@@ -57,13 +57,13 @@ void QlOLDataSource::SetChannelParameters(unsigned channel, float factor) {
     // parentheses, the value of one count.
     const std::string zText = QlScaleTexts::WithSoftValue(item->GetZText(), hard);
     item->SetZText(QlScaleTexts::WithHardValue(zText, hard / GetRawRange(channel)));
-    magnifyChannel(*item, factor);
+    MagnifyChannel(*item, factor);
     UValue scale = ValueIn(static_cast<double>(item->GetZScaleInHwUnits()) * item->GetZMagnify(),
                            item->GetDataScaleName());
     SetDataScale(channel, scale, false);
 }
 
-void QlOLDataSource::takeSensitivity(OLDataItem& item, float softScale, const std::string& text, double value,
+void QlOLDataSource::TakeSensitivity(OLDataItem& item, float softScale, const std::string& text, double value,
                                      const std::string& units) {
     item.SetZScaleInSwUnits(softScale);
     item.SetSensitivityText(text);
@@ -79,8 +79,9 @@ void QlOLDataSource::SetZSensitivity(unsigned channel, double value, std::string
     }
     const UValue hard = ValueIn(item->GetZScaleInHwUnits(), item->GetDataScaleName());
     const auto softScale = static_cast<float>(CombineScales(ValueIn(value, units), hard).GetValue());
-    const std::string text = QlScaleTexts::WithSensitivity(item->GetSensitivityText(), static_cast<float>(value), units);
-    takeSensitivity(*item, softScale, text, value, units);
+    const std::string text =
+        QlScaleTexts::WithSensitivity(item->GetSensitivityText(), static_cast<float>(value), units);
+    TakeSensitivity(*item, softScale, text, value, units);
     if (!companions) {
         return;
     }
@@ -91,7 +92,7 @@ void QlOLDataSource::SetZSensitivity(unsigned channel, double value, std::string
         OLDataItem& companion = items[other];
         if (other != channel && companion.GetZSensitivitySection() == section &&
             companion.GetZSensitivityName() == name) {
-            takeSensitivity(companion, softScale, text, value, units);
+            TakeSensitivity(companion, softScale, text, value, units);
         }
     }
 }

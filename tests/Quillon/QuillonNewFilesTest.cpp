@@ -80,7 +80,8 @@ TEST(QuillonNewFilesTest, ChannelSavedAsItsOwnFileKeepsItsSamplesAsTheFileHadThe
     // The result of a transform names itself in the copy.
     s.SetDataName(0, "FFT of Height");
     ASSERT_TRUE(s.SaveChannelAs(0, disk.Target("fft.spm").string(), false));
-    EXPECT_EQ(TextOf(SectionOf(disk.Target("fft.spm"), kImage), "@2:Image Data"), "S [FFT of Height] \"FFT of Height\"");
+    EXPECT_EQ(TextOf(SectionOf(disk.Target("fft.spm"), kImage), "@2:Image Data"),
+              "S [FFT of Height] \"FFT of Height\"");
     EXPECT_EQ(OpenPath(disk.Target("fft.spm"))->GetDataName(0), "FFT of Height");
 
     EXPECT_FALSE(s.SaveChannelAs(2, disk.Target("third.spm").string(), false));

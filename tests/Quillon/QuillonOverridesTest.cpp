@@ -108,7 +108,8 @@ TEST(QuillonOverridesTest, ParameterTextsShowTheChannelAsTheClientLeftIt) {
 
 TEST(QuillonOverridesTest, HardwareScaleOfNothingGivesNoOffset) {
     QuillonBuilder file("IMAGE");
-    file.Text(kImage, "@2:Z scale", "V [Sens. Zsens] (0 V/LSB) 0 V").Text(kImage, "@2:Z input offset", "V (1 V/LSB) 5 V");
+    file.Text(kImage, "@2:Z scale", "V [Sens. Zsens] (0 V/LSB) 0 V")
+        .Text(kImage, "@2:Z input offset", "V (1 V/LSB) 5 V");
     const std::vector<std::int32_t> stored = file.SamplesOf(0);
     const auto source = QuillonTest::Load(file);
     EXPECT_EQ(source->ZOffsetOfChannel(0), 0);

@@ -113,7 +113,8 @@ TEST(QuillonSaveTest, HeaderSizeDecidesWhereTheChannelsLie) {
     file.HeaderSize(0x10000);
     const FileOnDisk disk("header_size", file);
     const std::vector<std::int32_t> samples = SamplesOf(*disk.source, 1);
-    for (const auto& [large, header] : {std::pair{true, std::string("80960")}, std::pair{false, std::string("40960")}}) {
+    for (const auto& [large, header] :
+         {std::pair{true, std::string("80960")}, std::pair{false, std::string("40960")}}) {
         SCOPED_TRACE(header);
         const std::string name = large ? "large.spm" : "small.spm";
         ASSERT_TRUE(disk.source->SaveAs(disk.Target(name).string(), large));
