@@ -7,7 +7,6 @@
 #include "QlDataAnalysisExt/Quillon/QlOLDataSource.h"
 
 #include "Platform/DataCore/DataFile.h"
-#include "Platform/DataCore/QuillonDataFile.h"
 #include "QlDataAnalysisExt/Core/UnitHelpers.h"
 #include "QlDataAnalysisExt/FileAccess/ValueStrings.h"
 #include "QlDataAnalysisExt/Quillon/QlScaleTexts.h"
@@ -196,8 +195,7 @@ void QlOLDataSource::RemoveChannel(unsigned channel) {
 }
 
 std::vector<std::string> QlOLDataSource::GetDataPlistNames() {
-    return dynamic_cast<Orx::DataCore::QuillonDataFile*>(dataFile.get()) ? dataFile->GetPlistNames()
-                                                                           : std::vector<std::string>();
+    return IsQuillonFile(dataFile) ? dataFile->GetPlistNames() : std::vector<std::string>();
 }
 
 std::string QlOLDataSource::GetParameterListForItem(const std::string& sectionName, const std::string& key) {
@@ -210,7 +208,7 @@ std::string QlOLDataSource::GetParameterListForItem(const std::string& sectionNa
     const long long channel =
         hash == std::string::npos ? 0 : static_cast<long long>(QlSectionReader::AtoI(sectionName.substr(hash + 1))) - 1;
     std::string result;
-    if (dynamic_cast<Orx::DataCore::QuillonDataFile*>(dataFile.get())) {
+    if (IsQuillonFile(dataFile)) {
         result = dataFile->GetFormattedValueString(section, key);
     }
     // A channel the source does not hold has no state to show: the file's text stands.

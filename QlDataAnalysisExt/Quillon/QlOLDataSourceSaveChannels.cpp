@@ -119,6 +119,10 @@ void QlOLDataSource::writeChannelScales(const QlSectionWriter& section, unsigned
 }
 
 void QlOLDataSource::writeSensitivity(const DataFilePtr& file, const OLDataItem& item) const {
+    // A channel that never found its sensitivity has none to give the file.
+    if (item.GetSensitivityText().empty()) {
+        return;
+    }
     const std::string key = "@" + item.GetZSensitivityName();
     if (item.GetZSensitivitySection() == "Scanner list") {
         QlSectionWriter(file->GetContainer({"Scanner list"}), "Scanner list").Set(key, item.GetSensitivityText());
