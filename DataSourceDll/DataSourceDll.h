@@ -126,6 +126,23 @@ DSDLL_API void DataSourceDllSetMessageCallback(void (*cb)(const char* text, void
 DSDLL_API void DataSourceDllSetLogCallback(void (*cb)(const char* logger, int severity, const char* text, void* user),
                                            void* user);
 
+/* Saving the current file (there are no handle forms of these). Each answers
+ * 1, or -1 with no file open, a null argument, a channel out of range, or a
+ * save that failed; why a save failed goes to the message callback. A file
+ * is written beside its target and then put in its place, so a failure never
+ * leaves a damaged target. */
+/* Writes the current file, with the changes made to it, at path; the current
+ * file stays the one that was opened. A ".tef" file keeps the size of its
+ * note area and is written with 2-byte pixels. */
+DSDLL_API int DataSourceDllSaveAs(char* path);
+/* Gives every channel of the current file this note, to be written by the
+ * next save. */
+DSDLL_API int DataSourceDllSetNote(char* text);
+/* Writes channel N (from 0) as the one channel of a new file at path. Of a
+ * ".tef" file the channel is written as it stands in the file on disk,
+ * without the changes made to it since. */
+DSDLL_API int DataSourceDllSaveChannelAs(int channel, char* path);
+
 /* The kinds of the current file, as a sum of the bits below: a file may be
  * of more than one kind (an electrochemistry image is an image too). */
 #define DATASOURCEDLL_KIND_IMAGE 0x0001

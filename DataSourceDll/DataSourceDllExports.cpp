@@ -10,6 +10,7 @@
 #include "DataSourceDll/SourceCall.h"
 #include "Platform/Logger.h"
 #include "Platform/UserMessage.h"
+#include "QlDataAnalysisExt/Core/IOLDataSource.h"
 
 using D = DataSourceDll;
 
@@ -32,6 +33,29 @@ namespace R = DataSourceReaders;
 #define DS_NONMEMBER_READER(kind, Name, params, call) \
     DS_RESULT_##kind DataSourceDll##Name params { return DS_RUN_READER(kind, DataSourceDllState::Current(), call); }
 #include "DataSourceDll/DataSourceReaderTable.h"
+
+// Saving, on the current source only.
+int DataSourceDllSaveAs(char* path) {
+    return SourceCall::Int(DataSourceDllState::Current(),
+                           [&](IOLDataSource& s) { return path && s.SaveAs(path, false) ? 1 : -1; });
+}
+int DataSourceDllSetNote(char* text) {
+    return SourceCall::Int(DataSourceDllState::Current(), [&](IOLDataSource& s) {
+        if (!text) {
+            return -1;
+        }
+        s.SetNoteOfAll(text);
+        return 1;
+    });
+}
+int DataSourceDllSaveChannelAs(int channel, char* path) {
+    return SourceCall::Int(DataSourceDllState::Current(), [&](IOLDataSource& s) {
+        if (!path || channel < 0 || channel >= s.GetNumberOfChannels()) {
+            return -1;
+        }
+        return s.SaveChannelAs(static_cast<unsigned>(channel), path, false) ? 1 : -1;
+    });
+}
 
 void DataSourceDllFreeString(char* text) { delete[] text; }
 
