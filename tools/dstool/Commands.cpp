@@ -1,7 +1,9 @@
 #include "tools/dstool/Command.h"
 
 #include "tools/dstool/ExportCommand.h"
+#include "tools/dstool/ExtractCommand.h"
 #include "tools/dstool/InfoCommand.h"
+#include "tools/dstool/SetNoteCommand.h"
 
 namespace Dstool {
 
@@ -10,6 +12,8 @@ const std::vector<Command>& Commands()
     static const std::vector<Command> commands{
         InfoCommand(),
         ExportCommand(),
+        SetNoteCommand(),
+        ExtractCommand(),
     };
     return commands;
 }

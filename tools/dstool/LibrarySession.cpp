@@ -33,7 +33,12 @@ bool LibrarySession::Open(const std::string& path)
 
 int LibrarySession::ReportOpenFailure(const std::string& path) const
 {
-    std::fprintf(stderr, "dstool: %s could not be opened\n", path.c_str());
+    return ReportFailure(path + " could not be opened");
+}
+
+int LibrarySession::ReportFailure(const std::string& what) const
+{
+    std::fprintf(stderr, "dstool: %s\n", what.c_str());
     for (const std::string& message : messages_)
         std::fprintf(stderr, "%s\n", message.c_str());
     return kExitFailed;

@@ -19,6 +19,9 @@ public:
     // Tells on standard error why the file did not open, and answers the
     // exit status of that failure.
     int ReportOpenFailure(const std::string& path) const;
+    // Tells on standard error what failed, with the library's messages since
+    // the file was opened, and answers the exit status of a failure.
+    int ReportFailure(const std::string& what) const;
 
     // A text result of the library, released.
     static std::string TakeText(char* text);

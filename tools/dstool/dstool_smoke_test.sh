@@ -45,5 +45,21 @@ expect 2 "unknown command" "$dstool" plot
 expect 0 "help of a command" "$dstool" export --help
 check "help shows the usage" grep -q "^usage: dstool export" "$work/out"
 
+expect 0 "set-note" "$dstool" set-note "$work/grating.tef" "Calibration grating" "$work/noted.tef"
+check "the note stands at the head of the file" test "$(head -c 19 "$work/noted.tef")" = "Calibration grating"
+check "the rest of the file is as it was" cmp -s -i 79 "$work/grating.tef" "$work/noted.tef"
+expect 0 "info on the noted file" "$dstool" info "$work/noted.tef"
+expect 0 "set-note over the file itself" "$dstool" set-note "$work/noted.tef" "" "$work/noted.tef"
+check "an empty note clears the area" test "$(head -c 78 "$work/noted.tef" | tr -d '\0' | wc -c)" -eq 0
+expect 0 "extract" "$dstool" extract "$work/grating_12bit.tef" --channel 0 "$work/topography.tef"
+check "extract writes a file smaller than the two channels" \
+  test "$(wc -c <"$work/topography.tef")" -lt "$(wc -c <"$work/grating_12bit.tef")"
+expect 1 "extract beyond the channels" "$dstool" extract "$work/grating.tef" --channel 2 "$work/none.tef"
+check "nothing is written for a channel beyond" test ! -e "$work/none.tef"
+expect 1 "set-note on a file of another family" "$dstool" set-note "$work/quillon_image.qdf" "x" "$work/x.qdf"
+expect 1 "set-note into a folder that does not exist" "$dstool" set-note "$work/grating.tef" "x" "$work/no/x.tef"
+expect 2 "set-note without OUT" "$dstool" set-note "$work/grating.tef" "x"
+expect 2 "extract without --channel" "$dstool" extract "$work/grating.tef" "$work/x.tef"
+
 [ "$failures" -eq 0 ] && echo "dstool: all checks passed"
 exit $((failures > 0))
