@@ -25,21 +25,24 @@ bool isTefPath(const char* path) {
     return strcasecmp(ext.c_str(), kTefFileType) == 0;
 }
 
+// Starts the source that the slot now holds; a source that does not come
+// open is closed and leaves the slot empty.
+int start(IOLDataSource& source, SourceSlot& slot) {
+    source.Initialize();
+    if (source.IsOpen()) {
+        return 1;
+    }
+    source.Close();
+    slot.Release();
+    return -1;
+}
+
 // A ".tef" file never reaches the file layer: its source reads it alone.
 int openTef(const std::string& path, SourceSlot& slot) {
     auto source = SourceFactory::MakeTefSource(path);
     // The previous source is only released here, not closed.
     slot.Install(source, nullptr, kTefFileType);
-    if (!source) {
-        return -1;
-    }
-    source->Initialize();
-    if (source->IsOpen()) {
-        return 1;
-    }
-    source->Close();
-    slot.Release();
-    return -1;
+    return source ? start(*source, slot) : -1;
 }
 
 // Every other file is classified by the type text that the file layer reads.
@@ -57,13 +60,7 @@ int openSectionFile(const std::string& path, SourceSlot& slot) {
             return -1;
         }
         slot.Install(source, std::move(callback), type);
-        source->Initialize();
-        if (source->IsOpen()) {
-            return 1;
-        }
-        source->Close();
-        slot.Release();
-        return -1;
+        return start(*source, slot);
     } catch (...) {
         slot.CloseCurrent();
         return -1;

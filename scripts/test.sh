@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The test command: installs what is missing, builds an optimised and a
-# sanitizer configuration, runs the suite in both, and runs each fuzz target
-# for a short bounded time when clang is present.
+# sanitizer configuration, runs the suite in both, runs the handles' thread
+# test under ThreadSanitizer, and runs each fuzz target for a short bounded
+# time when clang is present.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/bootstrap.sh || exit 1
@@ -52,6 +53,27 @@ if configure_and_build build/asan -DDS_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug; the
   ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1 run_suite build/asan
 else
   summaries+=("build/asan: build failed"); status=1
+fi
+
+# ThreadSanitizer over the one program that reads files from several threads
+# at once (handles of different families): only test_Threads is built, on two
+# jobs, to keep the whole run short.
+echo "== building build/tsan (test_Threads only)"
+tsan_start=$SECONDS
+if cmake -S . -B build/tsan -G Ninja -DDS_TSAN=ON -DCMAKE_BUILD_TYPE=Debug -DDS_BUILD_TOOLS=OFF \
+     >build/tsan.configure.log 2>&1 \
+   && cmake --build build/tsan --target test_Threads -j 2; then
+  echo "== testing build/tsan"
+  mkdir -p build/tsan/tests/tmp
+  if DS_TEST_TMP=build/tsan/tests/tmp TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1" \
+       build/tsan/tests/test_Threads --gtest_brief=1; then
+    summaries+=("build/tsan: test_Threads clean under ThreadSanitizer ($((SECONDS - tsan_start)) s with its build)")
+  else
+    summaries+=("build/tsan: test_Threads failed or ThreadSanitizer reported a race"); status=1
+  fi
+else
+  cat build/tsan.configure.log
+  summaries+=("build/tsan: build failed"); status=1
 fi
 
 if command -v clang++ >/dev/null 2>&1; then
