@@ -27,7 +27,17 @@ struct Refusal {
     const char* message;
 };
 
-TefBuilder FourByte(std::uint16_t channels = 2) { return TefBuilder(channels, 3, 2, 4); }
+// A file of that many channels of 3 x 2 pixels, damaged so.
+std::function<TefBuilder()> Built(std::uint16_t channels, std::uint16_t bytesPerPixel,
+                                  std::function<void(TefBuilder&)> damage = {})
+{
+    return [=] {
+        TefBuilder builder(channels, 3, 2, bytesPerPixel);
+        if (damage)
+            damage(builder);
+        return builder;
+    };
+}
 
 // A file of 4-byte pixels exactly twice as long as its channel count can be.
 TefBuilder FourByteOfEvenLength()
@@ -44,10 +54,17 @@ std::function<void(TefOLDataSource&)> FileBecomes(std::function<TefBuilder()> fi
     return [file](TefOLDataSource& source) { file().Save(source.GetFilePath()); };
 }
 
-void Lines(TefOLDataSource& source, std::uint32_t lines, std::uint32_t samples)
+std::function<void(TefOLDataSource&)> Lines(std::uint32_t lines, std::uint32_t samples)
 {
-    source.SetChannelLines(0, lines);
-    source.SetChannelSamples(0, samples);
+    return [=](TefOLDataSource& source) {
+        source.SetChannelLines(0, lines);
+        source.SetChannelSamples(0, samples);
+    };
+}
+
+std::function<void(TefOLDataSource&)> Channels(int count)
+{
+    return [=](TefOLDataSource& source) { source.SetNumberOfChannels(count); };
 }
 
 // A record that no reader knows, of that many bytes.
@@ -55,98 +72,63 @@ TefBuilder::Record Unknown(std::size_t size) { return {200, std::vector<std::uin
 
 std::vector<Refusal> Refusals()
 {
-    const auto standard = [] { return TefBuilder(2, 3, 2); };
+    const auto standard = Built(2, 2);
+    const auto fourByte = Built(2, 4);
     const auto nothing = [](TefOLDataSource&) {};
+    constexpr Writer saveAs = Writer::SaveAs;
+    constexpr Writer rewrite = Writer::RewriteChannels;
     return {
         {"4-byte file whose channel count takes all its bytes", FourByteOfEvenLength,
-         [](TefOLDataSource& s) {
-             s.SetNumberOfChannels(static_cast<int>(FourByteOfEvenLength().Bytes().size() / 2));
-         },
-         Writer::SaveAs, Message::kNewSizeInvalid},
-        {"4-byte file whose channel count takes more than its bytes", [] { return FourByte(); },
-         [](TefOLDataSource& s) { s.SetNumberOfChannels(1000); }, Writer::SaveAs, Message::kNewSizeInvalid},
-        {"4-byte file with a channel count below zero", [] { return FourByte(); },
-         [](TefOLDataSource& s) { s.SetNumberOfChannels(-1); }, Writer::SaveAs, Message::kNewSizeInvalid},
-        {"file without channels", [] { return FourByte(0); }, nothing, Writer::SaveAs, Message::kNoChannelData},
+         Channels(static_cast<int>(FourByteOfEvenLength().Bytes().size() / 2)), saveAs, Message::kNewSizeInvalid},
+        {"4-byte file whose channel count takes more than its bytes", fourByte, Channels(1000), saveAs,
+         Message::kNewSizeInvalid},
+        {"4-byte file with a channel count below zero", fourByte, Channels(-1), saveAs, Message::kNewSizeInvalid},
+        {"file without channels", Built(0, 4), nothing, saveAs, Message::kNoChannelData},
         {"every channel removed", standard,
          [](TefOLDataSource& s) {
              s.RemoveChannel(1);
              s.RemoveChannel(0);
          },
-         Writer::RewriteChannels, Message::kNoChannelData},
-        {"Z range records apart",
-         [] {
-             TefBuilder b(2, 3, 2);
-             b.InsertBefore(109, Unknown(8));
-             return b;
-         },
-         nothing, Writer::SaveAs, Message::kZRangeMisaligned},
-        {"bits in use record of size 0",
-         [] {
-             TefBuilder b(2, 3, 2);
-             b.Find(147)->size = 0;
-             return b;
-         },
-         nothing, Writer::SaveAs, Message::kBitsMisaligned},
-        {"bits in use records apart",
-         [] {
-             TefBuilder b(3, 3, 2);
-             b.InsertBefore(148, Unknown(2));
-             return b;
-         },
-         nothing, Writer::SaveAs, Message::kBitsMisaligned},
+         rewrite, Message::kNoChannelData},
+        {"Z range records apart", Built(2, 2, [](TefBuilder& b) { b.InsertBefore(109, Unknown(8)); }), nothing,
+         saveAs, Message::kZRangeMisaligned},
+        {"bits in use record of size 0", Built(2, 2, [](TefBuilder& b) { b.Find(147)->size = 0; }), nothing, saveAs,
+         Message::kBitsMisaligned},
+        {"bits in use records apart", Built(3, 2, [](TefBuilder& b) { b.InsertBefore(148, Unknown(2)); }), nothing,
+         saveAs, Message::kBitsMisaligned},
         {"4-byte section in a file whose last section has 2-byte pixels",
-         [] {
-             TefBuilder b(2, 3, 2);
-             b.channels[0] = TefBuilder::StandardChannel(0, 3, 2, 4);
-             return b;
-         },
-         nothing, Writer::SaveAs, Message::kNot16Bit},
-        {"channel given other lines", standard, [](TefOLDataSource& s) { Lines(s, 1, 3); }, Writer::SaveAs,
-         Message::kChannelOutOfSynch},
-        {"channel given more pixels than it holds", [] { return FourByte(); },
-         [](TefOLDataSource& s) { Lines(s, 3, 3); }, Writer::SaveAs, Message::kChannelOutOfSynch},
-        {"more channels than items", standard, [](TefOLDataSource& s) { s.SetNumberOfChannels(3); },
-         Writer::RewriteChannels, Message::kChannelOutOfSynch},
-        {"empty image given a size", [] { return TefBuilder(1, 0, 0, 4); },
-         [](TefOLDataSource& s) { Lines(s, 2, 2); }, Writer::SaveAs, Message::kNoOriginalChannelData},
-        {"file on disk with another channel tag", standard, FileBecomes([] {
-             TefBuilder b(2, 3, 2);
-             b.channels[1].tag = 4;
-             return b;
-         }),
-         Writer::SaveAs, Message::kExpectingChannel},
-        {"file on disk with another image tag", [] { return FourByte(); }, FileBecomes([] {
-             TefBuilder b = FourByte();
-             b.channels[0].imageTag = 41;
-             return b;
-         }),
-         Writer::SaveAs, Message::kExpectingImage},
-        {"file on disk cut short", standard, FileBecomes([] {
-             TefBuilder b(2, 3, 2);
-             b.channels[1].pixels.resize(2);
-             return b;
-         }),
-         Writer::RewriteChannels, Message::kUnexpectedEnd},
-        {"4-byte file on disk smaller than the channels held", [] { return FourByte(); },
-         FileBecomes([] { return TefBuilder(2, 1, 1, 4); }), Writer::SaveAs, Message::kBeyondNewFile},
+         Built(2, 2, [](TefBuilder& b) { b.channels[0] = TefBuilder::StandardChannel(0, 3, 2, 4); }), nothing,
+         saveAs, Message::kNot16Bit},
+        {"channel given other lines", standard, Lines(1, 3), saveAs, Message::kChannelOutOfSynch},
+        {"channel given more pixels than it holds", fourByte, Lines(3, 3), saveAs, Message::kChannelOutOfSynch},
+        {"more channels than items", standard, Channels(3), rewrite, Message::kChannelOutOfSynch},
+        {"empty image given a size", [] { return TefBuilder(1, 0, 0, 4); }, Lines(2, 2), saveAs,
+         Message::kNoOriginalChannelData},
+        {"file on disk with another channel tag", standard,
+         FileBecomes(Built(2, 2, [](TefBuilder& b) { b.channels[1].tag = 4; })), saveAs, Message::kExpectingChannel},
+        {"file on disk with another image tag", fourByte,
+         FileBecomes(Built(2, 4, [](TefBuilder& b) { b.channels[0].imageTag = 41; })), saveAs,
+         Message::kExpectingImage},
+        {"file on disk cut short", standard,
+         FileBecomes(Built(2, 2, [](TefBuilder& b) { b.channels[1].pixels.resize(2); })), rewrite,
+         Message::kUnexpectedEnd},
+        {"4-byte file on disk smaller than the channels held", fourByte,
+         FileBecomes([] { return TefBuilder(2, 1, 1, 4); }), saveAs, Message::kBeyondNewFile},
         {"width record far behind the rebuilt part",
-         [] {
-             TefBuilder b(1, 3, 2);
-             b.Remove(7);
-             b.records.push_back(Unknown(400));
-             b.records.push_back({7, TefBuilder::Word(3), std::nullopt});
-             return b;
-         },
-         nothing, Writer::RewriteChannels, Message::kBeyondNewFile},
+         Built(1, 2,
+               [](TefBuilder& b) {
+                   b.Remove(7);
+                   b.records.push_back(Unknown(400));
+                   b.records.push_back({7, TefBuilder::Word(3), std::nullopt});
+               }),
+         nothing, rewrite, Message::kBeyondNewFile},
         {"file without unit records",
-         [] {
-             TefBuilder b(2, 3, 2);
-             b.Remove(100);
-             b.Remove(101);
-             return b;
-         },
-         nothing, Writer::RewriteChannels, Message::kNoUnitsInOriginal},
+         Built(2, 2,
+               [](TefBuilder& b) {
+                   b.Remove(100);
+                   b.Remove(101);
+               }),
+         nothing, rewrite, Message::kNoUnitsInOriginal},
     };
 }
 
