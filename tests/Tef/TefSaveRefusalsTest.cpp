@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 
@@ -150,5 +151,39 @@ TEST_F(TefSaveTest, EachRefusalIsToldOnceAndWritesNothing)
         EXPECT_EQ(messages, std::vector<std::string>{refusal.message});
         EXPECT_FALSE(std::filesystem::exists(target));
         EXPECT_EQ(source->GetFilePath(), own);
+    }
+}
+
+TEST_F(TefSaveTest, FileDamagedAnywhereOnDiskIsSavedOrRefusedWithAKnownText)
+{
+    // The writers read the old file again, and trust nothing in it: every
+    // cut and every overwritten byte either still saves or is refused.
+    const std::vector<std::string> known{
+        Message::kExpectingChannel, Message::kExpectingImage,     Message::kUnexpectedEnd,
+        Message::kZRangeMisaligned, Message::kBitsMisaligned,     Message::kNot16Bit,
+        Message::kChannelOutOfSynch, Message::kBeyondNewFile,     Message::kNewSizeInvalid,
+    };
+    for (const std::uint16_t bytesPerPixel : {2, 4}) {
+        const TefBuilder builder(2, 2, 2, bytesPerPixel);
+        const std::vector<std::uint8_t> good = builder.Bytes();
+        for (std::size_t at = 0; at < good.size(); ++at) {
+            for (const bool cut : {true, false}) {
+                std::vector<std::uint8_t> damaged = good;
+                if (cut)
+                    damaged.resize(at);
+                else
+                    damaged[at] = static_cast<std::uint8_t>(damaged[at] ^ 0xA5);
+                const auto source = Load(builder, "damaged.tef");
+                TefTest::WriteBytes(path, damaged);
+                messages.clear();
+                const std::string target = Fresh("damaged-target.tef");
+                const bool saved = source->SaveAs(target, false);
+                const bool rewritten = source->RewriteChannels(Fresh("damaged-rewritten.tef"));
+                EXPECT_EQ(messages.size(), (saved ? 0u : 1u) + (rewritten ? 0u : 1u) - (damaged.empty() ? 2u : 0u))
+                    << bytesPerPixel << (cut ? " cut at " : " byte at ") << at;
+                for (const std::string& message : messages)
+                    EXPECT_NE(std::find(known.begin(), known.end(), message), known.end()) << message;
+            }
+        }
     }
 }
