@@ -25,10 +25,14 @@ protected:
         Orx::Core::SetUserMessageHandler(nullptr);
     }
 
+    // A path with nothing at it, in a folder of the running test's own.
     static std::string Fresh(const std::string& name) {
-        std::string at = TestTempPath(name);
+        const std::filesystem::path folder = std::filesystem::path(TestTempPath("export-saves")) /
+                                             ::testing::UnitTest::GetInstance()->current_test_info()->name();
+        std::filesystem::create_directories(folder);
+        const std::filesystem::path at = folder / name;
         std::filesystem::remove_all(at);
-        return at;
+        return at.string();
     }
 
     // Opens a built file of three channels whose layout a single channel

@@ -57,7 +57,9 @@ TEST_F(TefSaveTest, SavedChannelOpensAsTheOnlyChannelOfItsFile)
     builder.Set(101, TefBuilder::Text("deg"));
     for (std::uint32_t& pixel : builder.channels[1].pixels)
         pixel = (pixel * 7 + 3) & 0xFFFF;
-    ASSERT_EQ(Open(builder, "three.tef"), 1);
+    path = Fresh("three.tef");
+    builder.Save(path);
+    ASSERT_EQ(OpenPath(path), 1);
     const std::vector<double> raw = Image(DataSourceDllGetImageData, 1);
     ASSERT_EQ(raw.size(), 12u);
 

@@ -59,12 +59,17 @@ protected:
         return source;
     }
 
-    // A path in the test folder with nothing at it.
+    // A path with nothing at it, in a folder of the running test's own, so
+    // that tests run side by side never meet in their files.
     static std::string Fresh(const std::string& name)
     {
-        const std::string at = TestTempPath(name);
+        const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
+        const std::filesystem::path folder = std::filesystem::path(TestTempPath("tef-saves")) /
+                                             (std::string(test->test_suite_name()) + "." + test->name());
+        std::filesystem::create_directories(folder);
+        const std::filesystem::path at = folder / name;
         std::filesystem::remove_all(at);
-        return at;
+        return at.string();
     }
 };
 
