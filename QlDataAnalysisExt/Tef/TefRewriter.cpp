@@ -73,7 +73,8 @@ void TefRewriter::UpdateNote(TefByteWriter& out) const
     // end the area early when the file is read again; the note ends there.
     std::vector<std::uint8_t> area(end - 1, 0);
     const std::size_t length = std::min({area.size(), note.size(), note.find(static_cast<char>(kNoteEnd))});
-    std::memcpy(area.data(), note.data(), length);
+    if (length > 0)
+        std::memcpy(area.data(), note.data(), length);
     out.PatchBytes(0, area);
 }
 

@@ -121,13 +121,15 @@ TEST_F(TefSaveTest, NoteAreaKeepsItsSize)
     }
 
     // a file without room for a note keeps its bytes
-    TefBuilder empty(1, 2, 2);
-    empty.note.clear();
-    const auto source = Load(empty);
-    source->SetNoteOfAll("No room");
-    const std::string copy = Fresh("no-room.tef");
-    ASSERT_TRUE(source->SaveAs(copy, false));
-    EXPECT_EQ(FileBytes(copy), empty.Bytes());
+    for (const char* note : {"", "x"}) {
+        TefBuilder small(1, 2, 2);
+        small.note = note;
+        const auto source = Load(small);
+        source->SetNoteOfAll("No room");
+        const std::string copy = Fresh("no-room.tef");
+        ASSERT_TRUE(source->SaveAs(copy, false));
+        EXPECT_EQ(FileBytes(copy), small.Bytes()) << note;
+    }
 }
 
 TEST_F(TefSaveTest, OffsetOfARecordMissingFromTheFileIsPatchedIntoTheNote)
