@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The main job: installs what is missing, builds the library and its tools
-# (Release, in build/release), makes the sample files in samples/, and shows
-# one of them through dstool: its description and a picture of its topography.
+# (Release, in build/release), makes the sample files of every family and
+# kind in samples/, and shows two of them through dstool: the description and
+# a picture of the grating's topography, and a plot of a force curve.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -28,4 +29,9 @@ echo "== dstool export samples/grating.tef --channel 0 --png samples/topography.
 "$dstool" export samples/grating.tef --channel 0 --png samples/topography.png
 
 echo
+echo "== dstool curve samples/quillon_force.qdf --png samples/force_curve.png"
+"$dstool" curve samples/quillon_force.qdf --png samples/force_curve.png
+
+echo
 echo "The topography of the grating is in $root/samples/topography.png"
+echo "The force curve of the Quillon force sample is in $root/samples/force_curve.png"

@@ -1,6 +1,7 @@
 #include "tools/dstool/ChannelImage.h"
 
 #include "DataSourceDll/DataSourceDll.h"
+#include "tools/dstool/FileKind.h"
 #include "tools/dstool/LibrarySession.h"
 
 #include <algorithm>
@@ -9,32 +10,48 @@
 
 namespace Dstool {
 
-std::optional<ChannelImage> ChannelImage::Read(int channel, ImageUnits units)
+namespace {
+
+// More values than an image of any instrument has are not believed.
+constexpr int kMostValues = 1 << 28;
+
+}  // namespace
+
+std::optional<ChannelImage> ChannelImage::Read(int channel, DataUnits units)
 {
+    if (units == DataUnits::Force)
+        return std::nullopt;
     ChannelImage image;
     int size = 0;
     if (DataSourceDllGetNumberOfLines(channel, &image.lines) != 1 ||
         DataSourceDllGetSamplesPerLine(channel, &image.samples) != 1 ||
-        DataSourceDllGetDataBufferSize(channel, &size) != 1 || size < 0)
+        DataSourceDllGetDataBufferSize(channel, &size) != 1 || size < 0 || size > kMostValues)
         return std::nullopt;
-    image.values.resize(static_cast<std::size_t>(size));
+    using ImageReader = int (*)(int, double*, int, int*);
+    using VolumeReader = int (*)(double*, int, int*);
+    static constexpr ImageReader kImages[] = {DataSourceDllGetImageData, DataSourceDllGetImageVoltsData,
+                                              DataSourceDllGetImageMetricData};
+    static constexpr VolumeReader kVolumes[] = {DataSourceDllGetForceVolumeImageData,
+                                                DataSourceDllGetForceVolumeVoltsImageData,
+                                                DataSourceDllGetForceVolumeMetricImageData};
+    const auto u = static_cast<std::size_t>(units);
+    const bool volume = channel == 0 && FileKind::Is(DATASOURCEDLL_KIND_FORCE_VOLUME);
     int count = 0;
-    int result = -1;
-    switch (units) {
-    case ImageUnits::Raw:
-        result = DataSourceDllGetImageData(channel, image.values.data(), size, &count);
-        break;
-    case ImageUnits::Volts:
-        result = DataSourceDllGetImageVoltsData(channel, image.values.data(), size, &count);
-        image.unit = LibrarySession::TakeText(DataSourceDllGetVoltsDataScaleUnits(channel));
-        break;
-    case ImageUnits::Metric:
-        result = DataSourceDllGetImageMetricData(channel, image.values.data(), size, &count);
-        image.unit = LibrarySession::TakeText(DataSourceDllGetMetricDataScaleUnits(channel));
-        break;
-    }
-    if (result != 1)
+    const auto read = [&](int capacity) {
+        image.values.assign(static_cast<std::size_t>(capacity), 0.0);
+        return volume ? kVolumes[u](image.values.data(), capacity, &count)
+                      : kImages[u](channel, image.values.data(), capacity, &count);
+    };
+    int result = read(size);
+    // The reader tells the size it needs when the channel's buffer is not it.
+    if (result != 1 && count > size && count <= kMostValues)
+        result = read(count);
+    if (result != 1 || count < 0 || count > static_cast<int>(image.values.size()))
         return std::nullopt;
+    if (units == DataUnits::Volts)
+        image.unit = LibrarySession::TakeText(DataSourceDllGetVoltsDataScaleUnits(channel));
+    else if (units == DataUnits::Metric)
+        image.unit = LibrarySession::TakeText(DataSourceDllGetMetricDataScaleUnits(channel));
     // A buffer that does not fill lines x samples is shown as far as it goes.
     image.values.resize(static_cast<std::size_t>(count));
     const auto cells = static_cast<std::size_t>(std::max(image.lines, 0)) * static_cast<std::size_t>(std::max(image.samples, 0));

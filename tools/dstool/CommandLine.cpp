@@ -43,6 +43,13 @@ CommandLine::CommandLine(const std::vector<std::string>& words, const std::set<s
     }
 }
 
+const std::string& CommandLine::OneOperand(const std::string& what) const
+{
+    if (operands_.size() != 1)
+        throw UsageError(operands_.empty() ? "no " + what + " given" : "one " + what + " only");
+    return operands_[0];
+}
+
 bool CommandLine::Has(const std::string& name) const { return flags_.count(name) || values_.count(name); }
 
 std::optional<std::string> CommandLine::Value(const std::string& name) const

@@ -24,6 +24,8 @@ public:
                 const std::set<std::string>& flags);
 
     const std::vector<std::string>& Operands() const { return operands_; }
+    // The one operand a command takes; raises UsageError for none or more.
+    const std::string& OneOperand(const std::string& what) const;
     bool Has(const std::string& name) const;
     std::optional<std::string> Value(const std::string& name) const;
     // The value as a whole number from 0 up; raises UsageError otherwise.

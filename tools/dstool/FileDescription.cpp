@@ -1,6 +1,7 @@
 #include "tools/dstool/FileDescription.h"
 
 #include "DataSourceDll/DataSourceDll.h"
+#include "tools/dstool/Answered.h"
 #include "tools/dstool/FileKind.h"
 #include "tools/dstool/LibrarySession.h"
 
@@ -24,7 +25,15 @@ ChannelDescription DescribeChannel(int c)
     d.scanSizeUnit = T::TakeText(DataSourceDllGetScanSizeUnit(c));
     DataSourceDllGetImageAspectRatio(c, &d.aspectRatio);
     d.lineDirection = T::TakeText(DataSourceDllGetLineDirection(c));
+    d.highSpeedRate = OfChannel(DataSourceDllGetHsdcRate, c);
     return d;
+}
+
+// Kinds whose channels hold force curves with a spring constant.
+bool HoldsForceCurves()
+{
+    return FileKind::Is(DATASOURCEDLL_KIND_FORCE | DATASOURCEDLL_KIND_FORCE_VOLUME | DATASOURCEDLL_KIND_SCRIPT |
+                        DATASOURCEDLL_KIND_TIMED_FORCE | DATASOURCEDLL_KIND_EC_FORCE);
 }
 
 }  // namespace
@@ -33,11 +42,24 @@ FileDescription FileDescription::OfOpenFile(const std::string& path)
 {
     FileDescription d;
     d.path = path;
-    d.family = FileKind::Family(path);
+    d.family = FileKind::Family();
+    d.typeText = FileKind::TypeText();
+    d.kinds = FileKind::Kinds();
     d.kind = FileKind::OfOpenFile();
     DataSourceDllGetNumberOfChannels(&d.channelCount);
-    for (int c = 0; c < d.channelCount; ++c)
-        d.channels.push_back(DescribeChannel(c));
+    const bool forceCurves = HoldsForceCurves();
+    for (int c = 0; c < d.channelCount; ++c) {
+        ChannelDescription channel = DescribeChannel(c);
+        if (forceCurves)
+            channel.springConstant = OfChannel(DataSourceDllGetForceSpringConstant, c);
+        d.channels.push_back(std::move(channel));
+    }
+    d.ReadCurves();
+    d.ReadSegments();
+    d.ReadCaptureAndSweep();
+    d.probe.tipRadius = Answered<double>(DataSourceDllGetTipRadius);
+    d.probe.halfAngle = Answered<double>(DataSourceDllGetHalfAngle);
+    d.probe.poissonRatio = Answered<double>(DataSourceDllGetPoissonRatio);
     return d;
 }
 

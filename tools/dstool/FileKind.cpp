@@ -1,73 +1,72 @@
 #include "tools/dstool/FileKind.h"
 
 #include "DataSourceDll/DataSourceDll.h"
-
-#include <cctype>
-#include <fstream>
-#include <strings.h>
+#include "tools/dstool/LibrarySession.h"
 
 namespace Dstool {
 
 namespace {
 
-std::string Extension(const std::string& path)
-{
-    const auto slash = path.find_last_of('/');
-    const auto dot = path.find_last_of('.');
-    if (dot == std::string::npos || (slash != std::string::npos && dot < slash))
-        return "";
-    return path.substr(dot);
-}
+struct KindName {
+    int bit;
+    const char* name;
+};
 
-// The quoted text of the first "type" line of a container header, looked
-// for among its first lines only.
-std::string ContainerType(const std::string& path)
+// A script file holds force curves too, a force volume an image: the more
+// particular kind comes first.
+constexpr KindName kKinds[] = {
+    {DATASOURCEDLL_KIND_SCRIPT, "script"},
+    {DATASOURCEDLL_KIND_FORCE_VOLUME, "force volume"},
+    {DATASOURCEDLL_KIND_HIGH_SPEED, "high-speed"},
+    {DATASOURCEDLL_KIND_TIMED_FORCE, "timed force"},
+    {DATASOURCEDLL_KIND_TIMED, "timed"},
+    {DATASOURCEDLL_KIND_EC_FORCE, "electrochemistry force"},
+    {DATASOURCEDLL_KIND_EC_AFM, "electrochemistry AFM"},
+    {DATASOURCEDLL_KIND_EC_STM, "electrochemistry STM"},
+    {DATASOURCEDLL_KIND_EC, "electrochemistry"},
+    {DATASOURCEDLL_KIND_IMAGE, "image"},
+    {DATASOURCEDLL_KIND_FORCE, "force"},
+};
+
+int KindBits()
 {
-    std::ifstream in(path, std::ios::binary);
-    std::string line;
-    for (int read = 0; read < 64 && std::getline(in, line); ++read) {
-        std::size_t at = 0;
-        while (at < line.size() && (line[at] == ' ' || line[at] == '\t'))
-            ++at;
-        if (line.compare(at, 5, "type ") != 0)
-            continue;
-        const auto open = line.find('"', at);
-        const auto close = open == std::string::npos ? open : line.find('"', open + 1);
-        return close == std::string::npos ? "" : line.substr(open + 1, close - open - 1);
-    }
-    return "";
+    int bits = 0;
+    return DataSourceDllGetFileKinds(&bits) == 1 ? bits : 0;
 }
 
 }  // namespace
 
-std::string FileKind::Family(const std::string& path)
+std::string FileKind::TypeText() { return LibrarySession::TakeText(DataSourceDllGetFileTypeText()); }
+
+std::string FileKind::Family()
 {
-    if (strcasecmp(Extension(path).c_str(), ".tef") == 0)
-        return "tef";
-    const std::string type = ContainerType(path);
+    const std::string type = TypeText();
     if (type == "Quillon Data File")
         return "Quillon";
     if (type == "Harlen Data File")
         return "Harlen";
-    return type.empty() ? "unknown" : type;
+    if (type == ".tef")
+        return "tef";
+    return type;
+}
+
+std::vector<std::string> FileKind::Kinds()
+{
+    const int bits = KindBits();
+    std::vector<std::string> kinds;
+    for (const KindName& kind : kKinds) {
+        if (bits & kind.bit)
+            kinds.push_back(kind.name);
+    }
+    return kinds;
 }
 
 std::string FileKind::OfOpenFile()
 {
-    int count = 0;
-    double value = 0.0;
-    if (DataSourceDllGetScriptSegmentCount(&count) == 1)
-        return "script";
-    if (DataSourceDllGetForcesPerLine(&count) == 1)
-        return "force volume";
-    if (DataSourceDllGetHsdcRate(0, &value) == 1)
-        return "high-speed";
-    if (DataSourceDllGetImageAspectRatio(0, &value) == 1)
-        return "image";
-    // Only curves have points; for other kinds the count is 0.
-    if (DataSourceDllGetNumberOfPointsPerCurve(0, &count) == 1 && count > 0)
-        return "force";
-    return "unknown";
+    const std::vector<std::string> kinds = Kinds();
+    return kinds.empty() ? "unknown" : kinds.front();
 }
+
+bool FileKind::Is(int kindBit) { return (KindBits() & kindBit) != 0; }
 
 }  // namespace Dstool

@@ -1,19 +1,27 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace Dstool {
 
-// The family and kind of a file. The library has no export that names
-// them, so they are found the way the library itself tells them apart: the
-// family by the ".tef" extension or else by the type line at the head of a
-// container file, the kind by which readers answer for the open file.
+// The family and kinds of the file the library has open, as the library
+// tells them: the type text that chose its family, and the kinds as bits.
 class FileKind {
 public:
-    // "tef", "Quillon", "Harlen", the container's own type text, or "unknown".
-    static std::string Family(const std::string& path);
-    // "script", "force volume", "high-speed", "image", "force" or "unknown".
+    // "Quillon", "Harlen", "tef", or the type text itself for another family.
+    static std::string Family();
+    // "Quillon Data File", "Harlen Data File", ".tef"; "UNKNOWN" with no file.
+    static std::string TypeText();
+    // Every kind the file is of, the most telling first: "script", "force
+    // volume", "high-speed", "timed force", "timed", "electrochemistry
+    // force", "electrochemistry AFM", "electrochemistry STM",
+    // "electrochemistry", "image", "force".
+    static std::vector<std::string> Kinds();
+    // The first of Kinds(), or "unknown".
     static std::string OfOpenFile();
+    // Whether the file is of the kind of that bit.
+    static bool Is(int kindBit);
 };
 
 }  // namespace Dstool

@@ -84,4 +84,10 @@ void JsonWriter::Member(const std::string& key, int number)
     out_ += std::to_string(number);
 }
 
+void JsonWriter::Member(const std::string& key, bool flag)
+{
+    Start(key);
+    out_ += flag ? "true" : "false";
+}
+
 }  // namespace Dstool

@@ -17,6 +17,7 @@ public:
     void Member(const std::string& key, const char* text) { Member(key, std::string(text)); }
     void Member(const std::string& key, double number);
     void Member(const std::string& key, int number);
+    void Member(const std::string& key, bool flag);
 
     const std::string& Text() const { return out_; }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "tools/samplegen/Raster.h"
+
 #include <cstdint>
-#include <functional>
-#include <random>
 #include <vector>
 
 namespace SampleGen {
@@ -38,14 +38,9 @@ private:
     double PitDepthFraction(double xNm, double yNm) const;
     // How far along a wall, 1 in its middle and 0 away from any wall.
     double WallPart(double xNm, double yNm) const;
-    double Coordinate(int pixel) const;
-    // Every pixel's value at its place, with noise of that spread added.
-    std::vector<double> Scan(double noiseSigma, const std::function<double(double, double)>& valueAt);
 
     Shape shape_;
-    double scanSizeNm_;
-    int pixels_;
-    std::mt19937 random_;
+    Raster raster_;
 };
 
 }  // namespace SampleGen

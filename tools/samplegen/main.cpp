@@ -13,7 +13,7 @@ int main(int argc, char** argv)
     if (argc != 2 || std::string(argv[1]) == "--help" || std::string(argv[1]) == "-h") {
         std::fprintf(argc == 2 ? stdout : stderr, "usage: samplegen OUTDIR\n\nWrites these samples into OUTDIR:\n");
         for (const SampleGen::Sample& sample : SampleGen::Samples())
-            std::fprintf(argc == 2 ? stdout : stderr, "  %-22s %s\n", sample.fileName.c_str(),
+            std::fprintf(argc == 2 ? stdout : stderr, "  %-26s %s\n", sample.fileName.c_str(),
                          sample.description.c_str());
         return argc == 2 ? 0 : 2;
     }
