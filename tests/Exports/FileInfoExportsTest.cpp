@@ -25,8 +25,10 @@ class FileInfoExportsTest : public ::testing::Test {
 protected:
     void TearDown() override { DataSourceDllClose(); }
 
+    // Named after the test as well: tests may run side by side.
     static std::string Written(const std::string& name, const std::vector<std::uint8_t>& bytes) {
-        const std::string path = TestTempPath("file_info_" + name);
+        const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+        const std::string path = TestTempPath("file_info_" + test + "_" + name);
         std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
                                                     static_cast<std::streamsize>(bytes.size()));
         return path;

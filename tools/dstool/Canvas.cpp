@@ -55,10 +55,11 @@ void Canvas::Line(double x0, double y0, double x1, double y1, double width, Rgb 
     const double half = width / 2.0;
     // Only the pixels of the line's box inside the picture are looked at, so
     // a line far outside costs nothing.
-    const double left = std::max(std::min(x0, x1) - half - 1.0, -1.0);
-    const double right = std::min(std::max(x0, x1) + half + 1.0, double(width_));
-    const double top = std::max(std::min(y0, y1) - half - 1.0, -1.0);
-    const double bottom = std::min(std::max(y0, y1) + half + 1.0, double(height_));
+    const auto inside = [](double v, int size) { return std::clamp(v, -1.0, static_cast<double>(size)); };
+    const double left = inside(std::min(x0, x1) - half - 1.0, width_);
+    const double right = inside(std::max(x0, x1) + half + 1.0, width_);
+    const double top = inside(std::min(y0, y1) - half - 1.0, height_);
+    const double bottom = inside(std::max(y0, y1) + half + 1.0, height_);
     const double dx = x1 - x0, dy = y1 - y0;
     const double length2 = dx * dx + dy * dy;
     for (int y = static_cast<int>(std::floor(top)); y <= static_cast<int>(bottom); ++y) {

@@ -10,8 +10,8 @@
 namespace Dstool {
 
 struct CurveRequest {
-    std::optional<int> index;        // a force volume's curve, a script's segment
-    std::optional<int> channel;      // 0 unless given
+    std::optional<int> index{};      // a force volume's curve, a script's segment
+    std::optional<int> channel{};    // 0 unless given
     DataUnits units = DataUnits::Metric;
 };
 

@@ -15,8 +15,11 @@ std::vector<Count> Quantised(const std::vector<double>& values, double countsPer
     std::vector<Count> counts;
     counts.reserve(values.size());
     for (double value : values) {
-        const double c = std::clamp(std::round(value * countsPerUnit), double(std::numeric_limits<Count>::min()),
-                                    double(std::numeric_limits<Count>::max()));
+        // a value that is no number has no count; it is stored as 0
+        const double c = std::isnan(value) ? 0.0
+                                           : std::clamp(std::round(value * countsPerUnit),
+                                                        double(std::numeric_limits<Count>::min()),
+                                                        double(std::numeric_limits<Count>::max()));
         counts.push_back(static_cast<Count>(c));
     }
     return counts;
