@@ -79,7 +79,9 @@ int DataSourceDllCloseHandle(DataSourceDllHandle* handle) {
 char* DataSourceDllHandleGetFileTypeText(DataSourceDllHandle* handle) {
     try {
         const HandleRegistry::Lease lease(handle);
-        return DataSourceDllState::NewText(lease.Source() ? lease.Get()->slot.FileType() : std::string("UNKNOWN"));
+        // As DataSourceDllGetFileTypeText answers for the current file.
+        const bool known = lease.Source() && !lease.Get()->slot.FileType().empty();
+        return DataSourceDllState::NewText(known ? lease.Get()->slot.FileType() : std::string("UNKNOWN"));
     } catch (...) {
         return nullptr;
     }

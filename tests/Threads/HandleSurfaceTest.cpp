@@ -92,6 +92,7 @@ TEST_F(HandleSurfaceTest, TheFileIsOpenedAsTheFlatOpenWouldWithItsFamilyNamed) {
         EXPECT_EQ(DataSourceDllHandleGetFileKinds(handle, &kinds), 1);
         EXPECT_EQ(kinds & c.kinds, c.kinds);
         ASSERT_EQ(OpenFreshFlat(PathOf(c.file)), 1);
+        EXPECT_EQ(TakeText(DataSourceDllGetFileTypeText()), c.type);
         int flatKinds = 0;
         EXPECT_EQ(DataSourceDllGetFileKinds(&flatKinds), 1);
         EXPECT_EQ(flatKinds, kinds);
