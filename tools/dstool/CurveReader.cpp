@@ -75,6 +75,8 @@ void CurveReader::AddHalves(Curve& curve, std::vector<double> first, std::vector
     }
     curve.series.push_back({"approach", std::move(firstZ), std::move(first)});
     curve.series.push_back({"retract", std::move(secondZ), std::move(second)});
+    if (curve.series[0].y.empty() && curve.series[1].y.empty())
+        throw std::runtime_error("the " + curve.what + " holds no data");
 }
 
 CurveReader::Curve CurveReader::Read(const CurveRequest& request)

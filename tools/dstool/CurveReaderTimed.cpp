@@ -8,6 +8,7 @@
 #include "tools/dstool/LibrarySession.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 #include <tuple>
@@ -50,7 +51,9 @@ CurveReader::Curve CurveReader::ScriptSegments(const CurveRequest& request)
     if (points < 1 || points > kMostPoints)
         throw std::runtime_error("the segments hold no points to plot");
 
-    std::vector<double> time(static_cast<std::size_t>(points)), values(static_cast<std::size_t>(points));
+    // A segment whose block lies beyond the channel's data is not written.
+    std::vector<double> time(static_cast<std::size_t>(points), std::numeric_limits<double>::quiet_NaN());
+    std::vector<double> values(time.size(), std::numeric_limits<double>::quiet_NaN());
     int (*const readers[])(int, int, int, double*, double*) = {
         DataSourceDllGetScriptSegmentData, DataSourceDllGetScriptVoltsSegmentData,
         DataSourceDllGetScriptMetricSegmentData};
@@ -67,11 +70,18 @@ CurveReader::Curve CurveReader::ScriptSegments(const CurveRequest& request)
         const std::size_t length = std::min(static_cast<std::size_t>(std::max(samples[s], 0)), time.size() - at);
         CurvePlot::Series series;
         series.label = std::to_string(s) + " " + LibrarySession::TakeText(DataSourceDllGetSegmentDescription(types[s]));
-        series.x.assign(time.begin() + static_cast<std::ptrdiff_t>(at), time.begin() + static_cast<std::ptrdiff_t>(at + length));
-        series.y.assign(values.begin() + static_cast<std::ptrdiff_t>(at), values.begin() + static_cast<std::ptrdiff_t>(at + length));
-        curve.series.push_back(std::move(series));
+        for (std::size_t i = at; i < at + length; ++i) {
+            if (!std::isnan(time[i])) {
+                series.x.push_back(time[i]);
+                series.y.push_back(values[i]);
+            }
+        }
+        if (!series.x.empty())
+            curve.series.push_back(std::move(series));
         at += length;
     }
+    if (curve.series.empty())
+        throw std::runtime_error("the segments of channel " + std::to_string(c) + " hold no data");
     return curve;
 }
 

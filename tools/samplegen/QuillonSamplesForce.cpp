@@ -24,18 +24,9 @@ constexpr double kTipRadiusNm = 20.0;
 const ChannelScale kDeflection("Sens. DeflSens", 24.576, 45.5, "nm");
 const ChannelScale kZ("Sens. Zsens", 40.0, 12.5, "nm");
 
-// A soft polymer: 50 MPa, with a neck that pulls 4 nN before it snaps.
-ContactModel::Sample SoftPolymer(double surfaceZNm)
-{
-    ContactModel::Sample sample;
-    sample.surfaceZNm = surfaceZNm;
-    sample.reducedModulusPa = 50e6;
-    sample.attractionNN = 0.5;
-    sample.attractionRangeNm = 2.0;
-    sample.adhesionNN = 4.0;
-    sample.neckNm = 8.0;
-    return sample;
-}
+// A soft polymer: 50 MPa, with a neck that pulls 4 nN before it snaps; the
+// model's defaults are such a sample.
+ContactModel::Sample SoftPolymer(double surfaceZNm) { return {.surfaceZNm = surfaceZNm}; }
 
 // One curve into the soft polymer, its surface at that Z of the ramp.
 ForceRamp PolymerRamp(double surfaceZNm, const ForceRamp::Settings& settings, std::uint32_t seed)

@@ -123,6 +123,20 @@ TEST(CurveReaderTest, HighSpeedDataIsItsSamplesInTime)
     EXPECT_THROW(ReadFrom(WrittenQuillon("HSDC"), {.index = 1}), std::runtime_error);
 }
 
+TEST(CurveReaderTest, CurvesAndSegmentsBeyondTheDataAreNotMadeUp)
+{
+    QuillonBuilder volume("FVOL");
+    volume.Int(QuillonBuilder::kForceList, "force/line", 1000);
+    EXPECT_THROW(ReadFrom(WrittenQuillon(std::move(volume), "beyond.qdf"), {.index = 999}), std::runtime_error);
+
+    // three segments of 8 samples over a channel of 20: the last has only 4
+    QuillonBuilder script("SCRIPT");
+    script.Text(QuillonBuilder::kForceList, "Segment Size", "8,8,8").Text(QuillonBuilder::kForceList, "Segment Samples", "8,8,8");
+    const auto curve = ReadFrom(WrittenQuillon(std::move(script), "long_script.qdf"));
+    ASSERT_EQ(curve.series.size(), 3u);
+    EXPECT_EQ(curve.series[2].y.size(), 4u);
+}
+
 TEST(CurveReaderTest, FilesWithoutCurvesAreRefused)
 {
     for (const char* subtype : {"IMAGE", "TIMED", "ECAFM"})

@@ -16,14 +16,8 @@ constexpr ContactModel::Probe kProbe{20.0, 0.4};
 
 ContactModel::Sample Polymer()
 {
-    ContactModel::Sample s;
-    s.surfaceZNm = 100.0;
-    s.reducedModulusPa = 50e6;
-    s.attractionNN = 0.5;
-    s.attractionRangeNm = 2.0;
-    s.adhesionNN = 4.0;
-    s.neckNm = 8.0;
-    return s;
+    return {.surfaceZNm = 100.0, .reducedModulusPa = 50e6, .attractionNN = 0.5, .attractionRangeNm = 2.0,
+            .adhesionNN = 4.0, .neckNm = 8.0};
 }
 
 // The Hertzian force of an indentation, written out again: 4/3 E* sqrt(R d^3).
