@@ -85,7 +85,8 @@ class DataFile:
     @property
     def kind(self):
         """The main kind: "force volume", "high-speed", "script", "timed
-        force", "timed", "force", "image", or "unknown"."""
+        force", "timed", "force", "image", one of the electrochemistry
+        kinds, or "unknown"."""
         bits = self._call.int("GetFileKinds")
         for name, bit in _units.KIND_BITS:
             if bits & bit:
