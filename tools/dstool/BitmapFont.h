@@ -7,12 +7,14 @@
 namespace Dstool {
 
 // A 5 x 7 pixel font of the printable ASCII characters and the Latin signs
-// that units use (degree, micro, ordinal o), drawn at a whole-number scale.
-// Each glyph is five columns of seven bits, the lowest bit at the top.
+// that units use (degree, micro, ordinal o), drawn at a whole-number scale,
+// with an eighth row below the line for the descenders of g, j, p, q, y and
+// the micro sign. Each glyph is five columns of eight bits, the lowest bit at
+// the top.
 class BitmapFont {
 public:
     static constexpr int kGlyphWidth = 5;
-    static constexpr int kGlyphHeight = 7;
+    static constexpr int kGlyphHeight = 8;
     static constexpr int kAdvance = 6;  // a column of space between glyphs
 
     // The columns of a byte's glyph; an unknown byte shows as a box.

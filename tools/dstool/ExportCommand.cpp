@@ -106,9 +106,8 @@ bool ExportFile(const Batch& batch, const std::string& file, const std::function
                 ProgressLine& progress)
 {
     LibrarySession session;
-    const bool opened = session.Open(file);
-    progress.Clear();
-    if (!opened) {
+    if (!session.Open(file)) {
+        progress.Clear();
         session.ReportOpenFailure(file);
         return false;
     }
@@ -121,6 +120,7 @@ bool ExportFile(const Batch& batch, const std::string& file, const std::function
         const std::optional<ChannelImage> image = ChannelImage::Read(c, batch.units);
         if (!image || image->lines < 1 || image->samples < 1)
             continue;
+        progress.Clear();
         try {
             WriteImage(*image, output(c), batch.asCsv);
             ++exported;
@@ -128,8 +128,10 @@ bool ExportFile(const Batch& batch, const std::string& file, const std::function
             ReportFailure(file, error.what());
             return false;
         }
+        progress.Redraw();
     }
     if (exported == 0) {
+        progress.Clear();
         ReportFailure(file, (batch.channel ? "no image for channel " + std::to_string(from) : std::string("no channel with an image")) +
                                 " (file kind: " + FileKind::OfOpenFile() + ", channels: " + std::to_string(channels) + ")");
         return false;

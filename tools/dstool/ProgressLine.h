@@ -18,10 +18,13 @@ public:
     void Show(std::size_t done, std::size_t total, const std::string& name);
     // Takes the line away, before other output is written.
     void Clear();
+    // Shows the last line again, after other output.
+    void Redraw();
 
 private:
     bool terminal_;
     bool shown_ = false;
+    std::string line_;
 };
 
 }  // namespace Dstool

@@ -105,8 +105,12 @@ TEST(FontTest, EveryPrintableCharacterAndUnitSignHasAGlyphOfItsOwn)
         const auto& glyph = BitmapFont::Glyph(static_cast<unsigned char>(byte));
         EXPECT_TRUE(seen.insert(glyph).second) << "glyph of '" << static_cast<char>(byte) << "' repeats another";
         EXPECT_NE(glyph, box) << static_cast<char>(byte);
+        // only the letters with descenders reach below the line
+        const bool descends = std::string("gjpqy").find(static_cast<char>(byte)) != std::string::npos;
+        std::uint8_t rows = 0;
         for (std::uint8_t column : glyph)
-            EXPECT_LT(column, 1 << BitmapFont::kGlyphHeight) << "glyph of '" << static_cast<char>(byte) << "' too tall";
+            rows |= column;
+        EXPECT_EQ((rows & 0x80) != 0, descends) << "glyph of '" << static_cast<char>(byte) << "'";
     }
     for (unsigned char sign : {0xB0, 0xB5, 0xBA})
         EXPECT_TRUE(seen.insert(BitmapFont::Glyph(sign)).second) << int(sign);
