@@ -2,11 +2,17 @@
 
 #include "QlDataAnalysisExt/Tef/TefFormat.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 namespace {
+
+// Small reads (heads, records, texts) are fetched a window of this size at
+// a time; larger ones exactly as large as they are.
+constexpr std::size_t kWindowBytes = 64 * 1024;
 
 [[noreturn]] void RefuseEnd()
 {
@@ -16,8 +22,30 @@ namespace {
 }  // namespace
 
 TefByteReader::TefByteReader(const std::uint8_t* data, std::size_t size)
-    : data_(data), size_(data ? size : 0)
+    : window_(data), windowSize_(data ? size : 0), size_(data ? size : 0)
 {
+}
+
+TefByteReader::TefByteReader(std::size_t size, Fetch fetch)
+    : window_(nullptr), windowSize_(0), size_(size), fetch_(std::move(fetch))
+{
+}
+
+const std::uint8_t* TefByteReader::Window(std::size_t count)
+{
+    if (position_ >= windowStart_ && count <= windowSize_ - std::min(windowSize_, position_ - windowStart_))
+        return window_ + (position_ - windowStart_);
+    const std::size_t n = std::max(count, std::min(kWindowBytes, Remaining()));
+    if (fetched_.size() < n)
+        fetched_.resize(n);
+    // A failed fetch leaves no window behind.
+    window_ = nullptr;
+    windowSize_ = 0;
+    fetch_(position_, fetched_.data(), n);
+    window_ = fetched_.data();
+    windowStart_ = position_;
+    windowSize_ = n;
+    return window_;
 }
 
 void TefByteReader::Seek(std::int64_t position)
@@ -38,19 +66,24 @@ const std::uint8_t* TefByteReader::Take(std::size_t count)
 {
     if (count > Remaining())
         RefuseEnd();
-    const std::uint8_t* at = data_ + position_;
+    const std::uint8_t* at = count ? Window(count) : nullptr;
     position_ += count;
     return at;
 }
 
-std::optional<std::size_t> TefByteReader::Find(std::uint8_t value) const
+std::optional<std::size_t> TefByteReader::Find(std::uint8_t value)
 {
-    if (Remaining() == 0)
-        return std::nullopt;
-    const void* found = std::memchr(data_ + position_, value, Remaining());
-    if (!found)
-        return std::nullopt;
-    return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - data_);
+    for (std::size_t from = position_; from < size_;) {
+        const std::size_t kept = position_;
+        position_ = from;
+        const std::size_t n = std::min(kWindowBytes, size_ - from);
+        const std::uint8_t* bytes = Window(n);
+        position_ = kept;
+        if (const void* found = std::memchr(bytes, value, n))
+            return from + static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes);
+        from += n;
+    }
+    return std::nullopt;
 }
 
 std::uint16_t TefByteReader::Word()
@@ -82,8 +115,10 @@ double TefByteReader::Double()
 
 std::string TefByteReader::Text(std::size_t length)
 {
+    if (length == 0)
+        return {};
     const std::uint8_t* at = Take(length);
-    const void* zero = length ? std::memchr(at, 0, length) : nullptr;
+    const void* zero = std::memchr(at, 0, length);
     const std::size_t kept = zero ? static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - at) : length;
     return std::string(reinterpret_cast<const char*>(at), kept);
 }

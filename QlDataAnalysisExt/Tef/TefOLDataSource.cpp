@@ -6,7 +6,6 @@
 #include "QlDataAnalysisExt/Tef/TefWalker.h"
 
 #include <exception>
-#include <new>
 #include <utility>
 
 namespace {
@@ -33,13 +32,22 @@ TefOLDataSource::~TefOLDataSource() = default;
 void TefOLDataSource::Initialize()
 {
     SetFileTitleFromPath();
-    std::vector<std::uint8_t> contents;
-    if (!ReadFile(contents))
+    Orx::Core::RandomAccessFile file;
+    if (!file.Open(filePath))
         return;
-    // A refused file reaches the user with the refusal's own text; the
-    // source keeps what it had built and stays not open.
+    // Only the low 32 bits of the length were ever used.
+    const auto length = static_cast<std::uint32_t>(file.Length());
+    if (length == 0)
+        return;
+    // The file is read as the walk goes, a window at a time, so that the
+    // samples made of it are all that a load holds beside a window. A
+    // refused file reaches the user with the refusal's own text, and one
+    // that cannot be read with the file error's; the source keeps what it
+    // had built and stays not open.
     try {
-        Load(contents);
+        Load(length, [&file](std::uint64_t offset, void* buffer, std::size_t size) {
+            file.ReadAt(offset, buffer, size);
+        });
     } catch (const std::exception& error) {
         Orx::Core::ShowUserMessage(error.what());
     } catch (...) {
@@ -47,35 +55,12 @@ void TefOLDataSource::Initialize()
     }
 }
 
-bool TefOLDataSource::ReadFile(std::vector<std::uint8_t>& contents) const
-{
-    Orx::Core::RandomAccessFile file;
-    if (!file.Open(filePath))
-        return false;
-    // Only the low 32 bits of the length were ever used.
-    const auto length = static_cast<std::uint32_t>(file.Length());
-    if (length == 0)
-        return false;
-    try {
-        contents.resize(length);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    try {
-        file.ReadAt(0, contents.data(), contents.size());
-    } catch (const Orx::Core::FileException& error) {
-        Orx::Core::ShowUserMessage(error.what());
-        return false;
-    }
-    return true;
-}
-
-void TefOLDataSource::Load(const std::vector<std::uint8_t>& contents)
+void TefOLDataSource::Load(std::uint32_t length, TefByteReader::Fetch fetch)
 {
     TefDocument document;
     std::exception_ptr refusal;
     try {
-        TefWalker::Walk(contents.data(), contents.size(), document);
+        TefWalker::Walk(length, std::move(fetch), document);
     } catch (...) {
         refusal = std::current_exception();
     }

@@ -11,6 +11,7 @@
 
 #include "QlDataAnalysisExt/Core/OLDataItemLoadRecord.h"
 #include "QlDataAnalysisExt/Core/OLDataSource.h"
+#include "QlDataAnalysisExt/Tef/TefByteReader.h"
 #include "QlDataAnalysisExt/Tef/TefChannelInfo.h"
 #include "QlDataAnalysisExt/Tef/TefOffsets.h"
 
@@ -98,10 +99,8 @@ public:
 
 private:
     // ---- TefOLDataSource.cpp ----
-    // The whole file, or false where the load ends without a word: a file
-    // that cannot be opened, is empty, or will not fit in memory.
-    bool ReadFile(std::vector<std::uint8_t>& contents) const;
-    void Load(const std::vector<std::uint8_t>& contents);
+    // Walks a file of that length, read through fetch as the walk goes.
+    void Load(std::uint32_t length, TefByteReader::Fetch fetch);
 
     // ---- TefOLDataSourceChannels.cpp ----
     // Takes over what a walk found, also when the walk was refused part way:

@@ -25,6 +25,11 @@ public:
     // buffer is shorter than the image or the pixel width is not 2 or 4.
     bool ConvertImage(std::span<const std::uint8_t> stored, std::size_t width, std::size_t height,
                       unsigned bytesPerPixel, int bitsInUse, std::span<std::int32_t> values);
+    // The same, with the values appended to values (which has room reserved
+    // by the caller where it matters): an image may so be converted band by
+    // band, the last stored band first, and no value is written twice.
+    bool AppendImage(std::span<const std::uint8_t> stored, std::size_t width, std::size_t height,
+                     unsigned bytesPerPixel, int bitsInUse, std::vector<std::int32_t>& values);
 
     // Writes values (top row first) as 2-byte pixels, bottom row first. False,
     // with nothing written, when either buffer is shorter than the image.
@@ -32,5 +37,16 @@ public:
                            std::span<std::uint8_t> stored);
 
 private:
+    // How the pixels of one image are converted, chosen once for the image.
+    struct RowRule {
+        enum class Kind { Exact16, SpreadWords, Table, Scaled } kind;
+        unsigned bytesPerPixel;
+        double factor;  // the full span (Scaled) or 65535 over it (SpreadWords)
+        const std::int16_t* table;
+    };
+    RowRule RuleFor(std::size_t pixels, unsigned bytesPerPixel, int bitsInUse);
+    static void ConvertRow(const RowRule& rule, const std::uint8_t* in, std::size_t width, std::int32_t* out);
+
     std::map<int, std::vector<std::int16_t>> wordTables_;
+    std::vector<std::int32_t> row_;
 };

@@ -5,20 +5,27 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 void TefWalker::Walk(const std::uint8_t* data, std::size_t size, TefDocument& document)
 {
-    TefWalker walker(data, size, document);
-    walker.ReadNote();
-    walker.ReadDocumentHead();
-    walker.ReadParameters();
-    walker.ReadPreview();
-    walker.ReadChannelSections();
+    TefWalker(TefByteReader(data, size), document).WalkAll();
 }
 
-TefWalker::TefWalker(const std::uint8_t* data, std::size_t size, TefDocument& document)
-    : reader_(data, size), document_(document)
+void TefWalker::Walk(std::size_t size, TefByteReader::Fetch fetch, TefDocument& document)
 {
+    TefWalker(TefByteReader(size, std::move(fetch)), document).WalkAll();
+}
+
+TefWalker::TefWalker(TefByteReader reader, TefDocument& document) : reader_(std::move(reader)), document_(document) {}
+
+void TefWalker::WalkAll()
+{
+    ReadNote();
+    ReadDocumentHead();
+    ReadParameters();
+    ReadPreview();
+    ReadChannelSections();
 }
 
 void TefWalker::ReadNote()

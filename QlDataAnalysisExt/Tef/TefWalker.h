@@ -14,9 +14,13 @@ public:
     // Fills document from the file. A refusal raises std::runtime_error with
     // its fixed text and leaves in document what was read before it.
     static void Walk(const std::uint8_t* data, std::size_t size, TefDocument& document);
+    // The same over a file of that size read through fetch, which may raise
+    // errors of its own.
+    static void Walk(std::size_t size, TefByteReader::Fetch fetch, TefDocument& document);
 
 private:
-    TefWalker(const std::uint8_t* data, std::size_t size, TefDocument& document);
+    TefWalker(TefByteReader reader, TefDocument& document);
+    void WalkAll();
 
     void ReadNote();
     void ReadDocumentHead();

@@ -5,8 +5,18 @@
 #include "QlDataAnalysisExt/Tef/TefChannelNames.h"
 #include "QlDataAnalysisExt/Tef/TefFormat.h"
 
+#include <algorithm>
 #include <new>
 #include <stdexcept>
+
+namespace {
+
+// Bytes of pixels converted at a time: enough to keep the file's reads
+// large, few enough to stay in the cache between the read and the
+// conversion.
+constexpr std::size_t kPixelBandBytes = 256 * 1024;
+
+}  // namespace
 
 void TefWalker::ReadChannelSections()
 {
@@ -63,7 +73,8 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
     // Nothing is allocated for pixels that the file does not hold.
     if (section.dataSize > reader_.Remaining())
         throw std::runtime_error(TefFormat::Message::kUnexpectedEnd);
-    const std::uint8_t* stored = reader_.Take(static_cast<std::size_t>(section.dataSize));
+    const std::size_t start = reader_.Position();
+    const auto end = static_cast<std::int64_t>(start + section.dataSize);
     // Sections lie one behind the other, so together they fit in the file,
     // each with its head, image block and pixels. Header lengths that lead
     // back would read the same bytes again, and empty images would do so
@@ -71,18 +82,33 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
     sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + section.dataSize;
     if (sectionBytesRead_ > reader_.Size())
         throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
-    if (count == 0)
+    if (count == 0) {
+        reader_.Seek(end);
         return;
+    }
     try {
-        section.pixels.resize(count);
+        section.pixels.reserve(count);
     } catch (const std::bad_alloc&) {
         // The channel goes without pixels; the next one that has pixels is
         // then out of step and refused.
         section.pixels = {};
+        reader_.Seek(end);
         return;
     }
-    converter_.ConvertImage({stored, static_cast<std::size_t>(section.dataSize)}, section.width, section.height,
-                            section.bytesPerPixel, document_.channels[index].bitsInUse, section.pixels);
+    // The rows are read in bands, the last stored band first, as the image
+    // is held top row first: only a band of the file's bytes is in memory at
+    // any time beside the values made of them.
+    const std::size_t rowBytes = std::size_t{section.width} * section.bytesPerPixel;
+    const std::size_t bandRows = std::max<std::size_t>(1, kPixelBandBytes / rowBytes);
+    for (std::size_t last = section.height; last > 0;) {
+        const std::size_t first = last > bandRows ? last - bandRows : 0;
+        reader_.Seek(static_cast<std::int64_t>(start + first * rowBytes));
+        const std::size_t bytes = (last - first) * rowBytes;
+        converter_.AppendImage({reader_.Take(bytes), bytes}, section.width, last - first, section.bytesPerPixel,
+                               document_.channels[index].bitsInUse, section.pixels);
+        last = first;
+    }
+    reader_.Seek(end);
     section.hasPixels = true;
     ++pixelStores_;
     if (pixelStores_ != index + 1)
