@@ -1,6 +1,7 @@
 #include "QlDataAnalysisExt/Core/OLDataItem.h"
 
 #include "Parm/UnitVocabulary.h"
+#include "QlDataAnalysisExt/Core/PercentileRankEnds.h"
 #include "QlDataAnalysisExt/Core/UnitHelpers.h"
 
 #include <algorithm>
@@ -142,34 +143,30 @@ void OLDataItem::rawExtremes(const std::int32_t* samples, std::uint32_t n, std::
     hi = mx;
 }
 
+// The histogram rule as it reads: every sample counted into its bin, then
+// the bins walked from each end until more than the threshold are passed.
 void OLDataItem::histogramNarrow(const std::int32_t* samples, std::uint32_t n, std::int32_t& lo, std::int32_t& hi) {
-    constexpr double percent = 1.0;
-    const double start = lo;
-    const double width = (static_cast<double>(hi) - static_cast<double>(lo) + 1.0) * 0.0009765625;
-    std::array<std::uint32_t, 1024> bins{};
+    const PercentileRankEnds::Bins bins(lo, hi);
+    std::array<std::uint32_t, PercentileRankEnds::Bins::kCount> counts{};
     if (samples) {
         for (std::uint32_t i = 0; i < n; ++i) {
-            const double position = (static_cast<double>(samples[i]) - start) / width - 0.5;
-            const auto bin = static_cast<std::int32_t>(static_cast<std::int64_t>(position));
-            // Samples outside lo..hi cannot occur for the extremes of the same
-            // buffer; the clamp keeps a foreign buffer inside the table.
-            ++bins[static_cast<std::size_t>(std::clamp(bin, 0, 1023))];
+            ++counts[static_cast<std::size_t>(bins.Of(samples[i]))];
         }
     }
-    const auto threshold = static_cast<std::uint64_t>(static_cast<float>(n) * static_cast<float>(percent) / 100.0f);
+    const std::uint64_t threshold = PercentileRankEnds::Bins::Threshold(n);
     std::uint64_t sum = 0;
-    for (int b = 0; b < 1024; ++b) {
-        sum += bins[static_cast<std::size_t>(b)];
+    for (int b = 0; b < PercentileRankEnds::Bins::kCount; ++b) {
+        sum += counts[static_cast<std::size_t>(b)];
         if (sum > threshold) {
-            lo = static_cast<std::int32_t>(b * width + start);
+            lo = bins.LowEdge(b);
             break;
         }
     }
     sum = 0;
-    for (int b = 1023; b >= 1; --b) {
-        sum += bins[static_cast<std::size_t>(b)];
+    for (int b = PercentileRankEnds::Bins::kCount - 1; b >= 1; --b) {
+        sum += counts[static_cast<std::size_t>(b)];
         if (sum > threshold) {
-            hi = static_cast<std::int32_t>(b * width + start);
+            hi = bins.LowEdge(b);
             break;
         }
     }
@@ -213,8 +210,10 @@ void OLDataItem::GetPercentileRange(double* min, double* max, bool soft) const {
         return;
     }
     std::int32_t lo = 0, hi = 0;
-    rawExtremes(data, dataSize, lo, hi);
-    histogramNarrow(data, data ? dataSize : 0, lo, hi);
+    if (!PercentileRankEnds::Narrow(data, dataSize, lo, hi)) {
+        rawExtremes(data, dataSize, lo, hi);
+        histogramNarrow(data, data ? dataSize : 0, lo, hi);
+    }
     std::int64_t low = 0, high = 0;
     contrastEnds(lo, hi, display1.contrast, low, high);
     *min = RawToValue(low, soft);
@@ -227,8 +226,10 @@ void OLDataItem::GetSecondPercentileRange(const std::int32_t* buffer, std::uint3
         return;
     }
     std::int32_t lo = 0, hi = 0;
-    rawExtremes(buffer, count, lo, hi);
-    histogramNarrow(buffer, buffer ? count : 0, lo, hi);
+    if (!PercentileRankEnds::Narrow(buffer, count, lo, hi)) {
+        rawExtremes(buffer, count, lo, hi);
+        histogramNarrow(buffer, buffer ? count : 0, lo, hi);
+    }
     std::int64_t low = 0, high = 0;
     contrastEnds(lo, hi, display1.contrast, low, high);
     const double f = GetSecondScale(true).GetValue() / GetSecondScaleFraction();
