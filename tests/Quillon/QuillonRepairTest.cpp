@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <random>
+#include <span>
 
 using namespace QuillonTest;
 
@@ -19,15 +20,18 @@ struct Image {
 };
 
 // The rule as it reads: the list of repaired indices is searched for every neighbour.
-Image QuadraticRepair(std::vector<std::int32_t> d, std::size_t width, std::size_t height, std::int32_t invalid) {
-    std::vector<std::uint32_t> list;
+// A list given beforehand is searched too; a buffer shorter than the image
+// is repaired within its samples.
+Image QuadraticRepair(std::vector<std::int32_t> d, std::size_t width, std::size_t height, std::int32_t invalid,
+                      std::vector<std::uint32_t> list = {}) {
+    const std::size_t count = std::min(width * height, d.size());
     std::int64_t sum = 0;
     std::int64_t valid = 0;
     int unrepaired = 0;
     auto counts = [&](std::size_t i) {
         return d[i] != invalid && std::find(list.begin(), list.end(), i) == list.end();
     };
-    for (std::size_t i = 0; i < width * height; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         if (d[i] != invalid) {
             sum += d[i];
             ++valid;
@@ -37,8 +41,8 @@ Image QuadraticRepair(std::vector<std::int32_t> d, std::size_t width, std::size_
         const std::size_t row = i / width, column = i % width;
         std::int64_t near = 0;
         int n = 0;
-        for (const auto& [ok, j] : {std::pair{row > 0, i - width}, std::pair{row + 1 < height, i + width},
-                                    std::pair{column > 0, i - 1}, std::pair{column + 1 < width, i + 1}}) {
+        for (const auto& [ok, j] : {std::pair{row > 0, i - width}, std::pair{i + width < count, i + width},
+                                    std::pair{column > 0, i - 1}, std::pair{column + 1 < width && i + 1 < count, i + 1}}) {
             if (ok && counts(j)) {
                 near += d[j];
                 ++n;
@@ -51,7 +55,7 @@ Image QuadraticRepair(std::vector<std::int32_t> d, std::size_t width, std::size_
         }
     }
     if (unrepaired > 0) {
-        for (auto& v : d) {
+        for (auto& v : std::span(d).first(count)) {
             if (v == invalid) {
                 v = valid == 0 ? 0 : static_cast<std::int32_t>(sum / valid);
             }
@@ -60,7 +64,8 @@ Image QuadraticRepair(std::vector<std::int32_t> d, std::size_t width, std::size_
     return {d, list};
 }
 
-Image FastRepair(std::vector<std::int32_t> d, std::size_t width, std::size_t height, std::int32_t invalid) {
+Image FastRepair(std::vector<std::int32_t> d, std::size_t width, std::size_t height, std::int32_t invalid,
+                 std::vector<std::uint32_t> list = {}) {
     OLDataItemLoadRecord record;
     record.columns = static_cast<std::uint32_t>(width);
     record.rows = static_cast<std::uint32_t>(height);
@@ -68,6 +73,7 @@ Image FastRepair(std::vector<std::int32_t> d, std::size_t width, std::size_t hei
     OLDataItem item;
     item.SetFromLoadRecord(record);
     item.SetData(d.data(), static_cast<std::uint32_t>(d.size()));
+    item.InvalidPoints() = std::move(list);
     QlOLDataSource::RepairInvalidSamples(item);
     return {d, item.InvalidPoints()};
 }
@@ -122,6 +128,41 @@ TEST(QuillonRepairTest, FastRepairMatchesTheRuleOnRandomImages) {
         const Image actual = FastRepair(d, width, height, invalid);
         ASSERT_EQ(actual.samples, expected.samples) << width << " x " << height << " at " << density;
         ASSERT_EQ(actual.repaired, expected.repaired);
+    }
+}
+
+TEST(QuillonRepairTest, ListedIndicesAndShortBuffersMatchTheRule) {
+    // Indices already on the list (some beyond the image) never count as
+    // neighbours; rows may be cut short by the buffer; and blocks of invalid
+    // samples leave their insides to the image mean.
+    std::mt19937 random(77);
+    for (int round = 0; round < 300; ++round) {
+        const std::size_t width = 1 + random() % 30;
+        const std::size_t height = 1 + random() % 30;
+        std::vector<std::int32_t> d(width * height - random() % (width * height));
+        for (auto& v : d) {
+            v = static_cast<std::int32_t>(random() % 2001) - 1000;
+        }
+        const std::size_t side = 1 + random() % 8;
+        const std::size_t top = random() % height, left = random() % width;
+        for (std::size_t y = top; y < std::min(height, top + side); ++y) {
+            for (std::size_t x = left; x < std::min(width, left + side); ++x) {
+                if (y * width + x < d.size()) {
+                    d[y * width + x] = kInvalid;
+                }
+            }
+        }
+        for (auto& v : d) {
+            v = random() % 10 == 0 ? kInvalid : v;
+        }
+        std::vector<std::uint32_t> listed;
+        for (std::size_t k = random() % 4 == 0 ? random() % 20 : 0; k > 0; --k) {
+            listed.push_back(static_cast<std::uint32_t>(random() % (width * height + 5)));
+        }
+        const Image expected = QuadraticRepair(d, width, height, kInvalid, listed);
+        const Image actual = FastRepair(d, width, height, kInvalid, listed);
+        ASSERT_EQ(actual.samples, expected.samples) << width << " x " << height << " round " << round;
+        ASSERT_EQ(actual.repaired, expected.repaired) << width << " x " << height << " round " << round;
     }
 }
 
