@@ -15,7 +15,7 @@ namespace {
 using SampleKit::TefBuilder;
 
 // What a channel of a sample shows, and the Z range its pixels span.
-struct ChannelSpec {
+struct SampleChannel {
     const char* storedName;  // the builder's first channel kinds are a topography and a phase
     const char* unit;
     double rangeOriginPhysical;  // the value at pixel 0
@@ -25,7 +25,7 @@ struct ChannelSpec {
 
 // Values to stored pixels of that many bits in use, bottom row first as the
 // file keeps them.
-std::vector<std::uint32_t> ToPixels(const ChannelSpec& channel, int width, int bitsInUse)
+std::vector<std::uint32_t> ToPixels(const SampleChannel& channel, int width, int bitsInUse)
 {
     const double full = std::ldexp(1.0, bitsInUse) - 1.0;
     std::vector<std::uint32_t> pixels;
@@ -43,7 +43,7 @@ std::vector<std::uint32_t> ToPixels(const ChannelSpec& channel, int width, int b
 
 // A scan as an instrument writes it: the builder's records with this scan's
 // values, one channel section per channel.
-TefBuilder Scan(const std::vector<ChannelSpec>& channels, int pixels, double scanSizeNm, std::uint16_t bytesPerPixel,
+TefBuilder Scan(const std::vector<SampleChannel>& channels, int pixels, double scanSizeNm, std::uint16_t bytesPerPixel,
                 int bitsInUse, const char* note)
 {
     const auto count = static_cast<std::uint16_t>(channels.size());
@@ -69,7 +69,7 @@ TefBuilder Scan(const std::vector<ChannelSpec>& channels, int pixels, double sca
     builder.Set(118, TefBuilder::Double(0.0));
     builder.Set(145, TefBuilder::Dword(0));
     for (std::uint16_t i = 0; i < count; ++i) {
-        const ChannelSpec& channel = channels[i];
+        const SampleChannel& channel = channels[i];
         builder.Set(static_cast<std::uint16_t>(100 + i), TefBuilder::Text(channel.unit));
         builder.Set(static_cast<std::uint16_t>(108 + i), TefBuilder::Double(channel.zRange));
         builder.Set(static_cast<std::uint16_t>(121 + i), TefBuilder::Double(channel.rangeOriginPhysical));
