@@ -296,9 +296,16 @@ inline void Record(Emitter& e) {
 // The class header that the archive writes before an item: 0xFFFF, the schema
 // word with its versionable mark, the length of the name, the name.
 inline std::vector<std::uint8_t> ClassHeader(std::uint16_t schema, const std::string& name = "OLDataItem") {
-    std::vector<std::uint8_t> h = {0xFF, 0xFF, static_cast<std::uint8_t>(schema), static_cast<std::uint8_t>((schema >> 8) | 0x80),
-                                   static_cast<std::uint8_t>(name.size()), static_cast<std::uint8_t>(name.size() >> 8)};
-    h.insert(h.end(), name.begin(), name.end());
+    // Sized once and filled in place: GCC 12 misreads an insert behind a
+    // six-byte initializer list as a copy past its end.
+    std::vector<std::uint8_t> h(6 + name.size());
+    h[0] = 0xFF;
+    h[1] = 0xFF;
+    h[2] = static_cast<std::uint8_t>(schema);
+    h[3] = static_cast<std::uint8_t>((schema >> 8) | 0x80);
+    h[4] = static_cast<std::uint8_t>(name.size());
+    h[5] = static_cast<std::uint8_t>(name.size() >> 8);
+    std::copy(name.begin(), name.end(), h.begin() + 6);
     return h;
 }
 
