@@ -1,7 +1,11 @@
 #include "QlDataAnalysisExt/Tef/TefPixelConverter.h"
 
+#include <algorithm>
 #include <bit>
+#include <compare>
+#include <cstddef>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -60,26 +64,96 @@ std::int32_t Scaled(std::uint32_t raw, double m)
     return FromLow16(static_cast<std::uint32_t>(truncated));
 }
 
-// The two rows of 2-byte pixels that files mostly hold are converted with
-// the widest vectors the processor offers. The results are the same on
-// every processor: each step is exact or rounded as IEEE arithmetic rounds
-// it, in vectors or not.
+// The two kinds of 2-byte pixel that files mostly hold.
+struct ExactWord {
+    std::int32_t operator()(std::uint16_t word) const { return FromLow16(word); }
+};
+// From 2 to 15 bits in use, a word times 65535 / m truncates to the same
+// integer as the word over m times 65535, which the pixel test holds for
+// every word; the product stays below 2^31.
+struct SpreadWord {
+    double factor;
+    std::int32_t operator()(std::uint16_t word) const
+    {
+        return FromLow16(static_cast<std::uint32_t>(static_cast<std::int32_t>(word * factor)));
+    }
+};
+
+// The stored words of a row seen as their values, so that a vector can be
+// extended by them directly: each value is written once, where it stays.
+template <class Rule>
+class ConvertedWords {
+public:
+    using iterator_category = std::random_access_iterator_tag;
+    using value_type = std::int32_t;
+    using difference_type = std::ptrdiff_t;
+    using pointer = void;
+    using reference = std::int32_t;
+
+    ConvertedWords() = default;
+    ConvertedWords(const std::uint8_t* at, Rule rule) : at_(at), rule_(rule) {}
+
+    std::int32_t operator*() const { return rule_(Word(at_)); }
+    std::int32_t operator[](difference_type k) const { return *(*this + k); }
+    ConvertedWords& operator++() { return *this += 1; }
+    ConvertedWords operator++(int) { ConvertedWords was = *this; *this += 1; return was; }
+    ConvertedWords& operator--() { return *this -= 1; }
+    ConvertedWords operator--(int) { ConvertedWords was = *this; *this -= 1; return was; }
+    ConvertedWords& operator+=(difference_type k) { at_ += 2 * k; return *this; }
+    ConvertedWords& operator-=(difference_type k) { at_ -= 2 * k; return *this; }
+    friend ConvertedWords operator+(ConvertedWords a, difference_type k) { return a += k; }
+    friend ConvertedWords operator+(difference_type k, ConvertedWords a) { return a += k; }
+    friend ConvertedWords operator-(ConvertedWords a, difference_type k) { return a -= k; }
+    friend difference_type operator-(const ConvertedWords& a, const ConvertedWords& b) { return (a.at_ - b.at_) / 2; }
+    friend bool operator==(const ConvertedWords& a, const ConvertedWords& b) { return a.at_ == b.at_; }
+    friend auto operator<=>(const ConvertedWords& a, const ConvertedWords& b) { return a.at_ <=> b.at_; }
+
+private:
+    const std::uint8_t* at_ = nullptr;
+    Rule rule_{};
+};
+
+template <class Rule>
+void WordsInto(const std::uint8_t* in, std::size_t width, Rule rule, std::int32_t* out)
+{
+    std::copy(ConvertedWords<Rule>(in, rule), ConvertedWords<Rule>(in + 2 * width, rule), out);
+}
+
+template <class Rule>
+void AppendWords(const std::uint8_t* in, std::size_t width, Rule rule, std::vector<std::int32_t>& values)
+{
+    values.insert(values.end(), ConvertedWords<Rule>(in, rule), ConvertedWords<Rule>(in + 2 * width, rule));
+}
+
+// Their rows are converted with the widest vectors the processor offers,
+// the vector's own appending drawn into each version. The results are the
+// same on every processor: each step is exact or rounded as IEEE arithmetic
+// rounds it, in vectors or not.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__)
-#define TEF_WIDEST_VECTORS __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
+#define TEF_WIDEST_VECTORS __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"), flatten))
 #else
 #define TEF_WIDEST_VECTORS
 #endif
 
 TEF_WIDEST_VECTORS void ExactWordRow(const std::uint8_t* in, std::size_t width, std::int32_t* out)
 {
-    for (std::size_t x = 0; x < width; ++x)
-        out[x] = FromLow16(Word(in + 2 * x));
+    WordsInto(in, width, ExactWord{}, out);
 }
 
 TEF_WIDEST_VECTORS void SpreadWordRow(const std::uint8_t* in, std::size_t width, double factor, std::int32_t* out)
 {
-    for (std::size_t x = 0; x < width; ++x)
-        out[x] = FromLow16(static_cast<std::uint32_t>(static_cast<std::int32_t>(Word(in + 2 * x) * factor)));
+    WordsInto(in, width, SpreadWord{factor}, out);
+}
+
+TEF_WIDEST_VECTORS void AppendExactWords(const std::uint8_t* in, std::size_t width, std::vector<std::int32_t>& values)
+{
+    AppendWords(in, width, ExactWord{}, values);
+}
+
+TEF_WIDEST_VECTORS void AppendSpreadWords(const std::uint8_t* in, std::size_t width, double factor,
+                                          std::vector<std::int32_t>& values)
+{
+    AppendWords(in, width, SpreadWord{factor}, values);
 }
 
 constexpr std::size_t kTableWorthPixels = 16384;
@@ -124,9 +198,6 @@ TefPixelConverter::RowRule TefPixelConverter::RuleFor(std::size_t pixels, unsign
     if (bytesPerPixel == 2 && bitsInUse == 16)
         return {Kind::Exact16, 2, 0.0, nullptr};
     const double m = FullSpan(bitsInUse);
-    // From 2 to 15 bits in use, a word times 65535 / m truncates to the same
-    // integer as the word over m times 65535, which the pixel test holds for
-    // every word; the product stays below 2^31.
     if (bytesPerPixel == 2 && bitsInUse >= kFirstSpreadBits && bitsInUse <= kLastSpreadBits)
         return {Kind::SpreadWords, 2, 65535.0 / m, nullptr};
     // A table pays for itself only over an image larger than it is.
@@ -175,13 +246,21 @@ bool TefPixelConverter::AppendImage(std::span<const std::uint8_t> stored, std::s
         return false;
     if (width == 0 || height == 0)
         return true;
-    // Rows go through a buffer of one row, which stays in the cache, rather
-    // than into values made first of zeros and then written again.
+    // No value is first made a zero and then written again: the common
+    // words are appended as they are converted, the rest by way of a buffer
+    // of one row, which stays in the cache.
     const RowRule rule = RuleFor(width * height, bytesPerPixel, bitsInUse);
-    row_.resize(width);
+    row_.resize(rule.kind == RowRule::Kind::Exact16 || rule.kind == RowRule::Kind::SpreadWords ? 0 : width);
     for (std::size_t row = height; row-- > 0;) {
-        ConvertRow(rule, stored.data() + row * width * bytesPerPixel, width, row_.data());
-        values.insert(values.end(), row_.begin(), row_.end());
+        const std::uint8_t* in = stored.data() + row * width * bytesPerPixel;
+        if (rule.kind == RowRule::Kind::Exact16) {
+            AppendExactWords(in, width, values);
+        } else if (rule.kind == RowRule::Kind::SpreadWords) {
+            AppendSpreadWords(in, width, rule.factor, values);
+        } else {
+            ConvertRow(rule, in, width, row_.data());
+            values.insert(values.end(), row_.begin(), row_.end());
+        }
     }
     return true;
 }
