@@ -129,7 +129,7 @@ void AppendWords(const std::uint8_t* in, std::size_t width, Rule rule, std::vect
 // the vector's own appending drawn into each version. The results are the
 // same on every processor: each step is exact or rounded as IEEE arithmetic
 // rounds it, in vectors or not.
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__)
+#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(__SANITIZE_THREAD__)
 #define TEF_WIDEST_VECTORS __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"), flatten))
 #else
 #define TEF_WIDEST_VECTORS
