@@ -128,7 +128,8 @@ void AppendWords(const std::uint8_t* in, std::size_t width, Rule rule, std::vect
 // Their rows are converted with the widest vectors the processor offers,
 // the vector's own appending drawn into each version. The results are the
 // same on every processor: each step is exact or rounded as IEEE arithmetic
-// rounds it, in vectors or not.
+// rounds it, in vectors or not. The thread sanitizer's runtime cannot start
+// a program whose functions are chosen at load time: it gets one version.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(__SANITIZE_THREAD__)
 #define TEF_WIDEST_VECTORS __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"), flatten))
 #else
