@@ -22,6 +22,9 @@ inline constexpr std::uint32_t kDocumentHeadSize = 14;
 inline constexpr std::uint32_t kSectionHeadSize = 6;
 inline constexpr std::uint32_t kImageHeadSize = 16;
 inline constexpr std::uint32_t kImageBlockSize = 32;
+// Bytes of pixels that a file rewritten to its stated size may lack at its
+// very end: the stated size does not count the preview section's six bytes.
+inline constexpr std::uint32_t kRewriteLoss = 6;
 inline constexpr std::uint16_t kRawDataSteps = 1;
 inline constexpr std::uint16_t kForwardDirection = 1;
 inline constexpr std::uint16_t kBackwardDirection = 2;

@@ -47,6 +47,8 @@ private:
     void ReadChannelSections();
     void ReadChannelSection(std::size_t index);
     void ReadPixels(std::size_t index, TefChannelSection& section);
+    void ReadShortPixels(std::size_t index, TefChannelSection& section, std::size_t count);
+    void CountPixelStore(std::size_t index, TefChannelSection& section);
 
     TefByteReader reader_;
     TefDocument& document_;

@@ -70,9 +70,16 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
 {
     const std::size_t count = static_cast<std::size_t>(section.width) * section.height;
     section.dataSize = static_cast<std::uint64_t>(count) * section.bytesPerPixel;
-    // Nothing is allocated for pixels that the file does not hold.
-    if (section.dataSize > reader_.Remaining())
+    // Nothing is allocated for pixels that the file does not hold, with one
+    // allowance: a file rewritten to its stated size lacks up to six bytes of
+    // its last pixels, which read as zero bytes.
+    const std::uint64_t missing = section.dataSize > reader_.Remaining() ? section.dataSize - reader_.Remaining() : 0;
+    if (missing > TefFormat::kRewriteLoss)
         throw std::runtime_error(TefFormat::Message::kUnexpectedEnd);
+    if (missing > 0) {
+        ReadShortPixels(index, section, count);
+        return;
+    }
     const std::size_t start = reader_.Position();
     const auto end = static_cast<std::int64_t>(start + section.dataSize);
     // Sections lie one behind the other, so together they fit in the file,
@@ -109,8 +116,30 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
         last = first;
     }
     reader_.Seek(end);
+    CountPixelStore(index, section);
+}
+
+void TefWalker::CountPixelStore(std::size_t index, TefChannelSection& section)
+{
     section.hasPixels = true;
     ++pixelStores_;
     if (pixelStores_ != index + 1)
         throw std::runtime_error(TefFormat::Message::kDataMisaligned);
+}
+
+// The pixels that end the file short: the bytes there are completed by zeros
+// and converted as one band.
+void TefWalker::ReadShortPixels(std::size_t index, TefChannelSection& section, std::size_t count)
+{
+    const std::size_t have = reader_.Remaining();
+    sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + have;
+    if (sectionBytesRead_ > reader_.Size())
+        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
+    std::vector<std::uint8_t> whole(static_cast<std::size_t>(section.dataSize), 0);
+    const std::uint8_t* bytes = reader_.Take(have);
+    std::copy(bytes, bytes + have, whole.begin());
+    section.pixels.reserve(count);
+    converter_.AppendImage(whole, section.width, section.height, section.bytesPerPixel,
+                           document_.channels[index].bitsInUse, section.pixels);
+    CountPixelStore(index, section);
 }

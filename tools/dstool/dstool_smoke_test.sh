@@ -55,6 +55,9 @@ check "an empty note clears the area" test "$(head -c 78 "$work/noted.tef" | tr 
 expect 0 "extract" "$dstool" extract "$work/grating_12bit.tef" --channel 0 "$work/topography.tef"
 check "extract writes a file smaller than the two channels" \
   test "$(wc -c <"$work/topography.tef")" -lt "$(wc -c <"$work/grating_12bit.tef")"
+expect 0 "extract of the phase" "$dstool" extract "$work/grating.tef" --channel 1 "$work/phase.tef"
+expect 0 "the extracted channel opens on its own" "$dstool" info "$work/phase.tef"
+check "the extracted file has the phase as its only channel" grep -q "^channels: *1" "$work/out"
 expect 1 "extract beyond the channels" "$dstool" extract "$work/grating.tef" --channel 2 "$work/none.tef"
 check "nothing is written for a channel beyond" test ! -e "$work/none.tef"
 expect 1 "set-note on a file of another family" "$dstool" set-note "$work/quillon_image.qdf" "x" "$work/x.qdf"

@@ -52,8 +52,9 @@ TefBuilder Scan(const std::vector<SampleChannel>& channels, int pixels, double s
     builder.note = note;
     builder.majorVersion = 2;
     builder.minorVersion = 4;
-    // records kept by the format but of no meaning to a sample
-    for (std::uint16_t id : {12, 13, 20, 21, 25, 26, 27, 119, 120})
+    // records kept by the format but of no meaning to a sample; 119 and 120
+    // stay, as every instrument writes them and the rewriter counts on them
+    for (std::uint16_t id : {12, 13, 20, 21, 25, 26, 27})
         builder.Remove(id);
     builder.Set(2, TefBuilder::Double(scanSizeNm));
     builder.Set(3, TefBuilder::Double(scanSizeNm));
