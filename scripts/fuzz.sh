@@ -7,8 +7,8 @@ seconds=${1:-20}; shift || true
 dir=build/fuzz
 mkdir -p build
 CC=clang CXX=clang++ cmake -S . -B "$dir" -G Ninja -DDS_FUZZ=ON -DCMAKE_BUILD_TYPE=Debug >"$dir.configure.log" 2>&1 \
-  || { cat "$dir.configure.log"; exit 1; }
-cmake --build "$dir" -j "$(nproc)" || exit 1
+  || { cat "$dir.configure.log"; echo "== fuzz build failed"; exit 2; }
+cmake --build "$dir" -j "$(nproc)" || { echo "== fuzz build failed"; exit 2; }
 
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
@@ -24,6 +24,7 @@ for t in "${targets[@]}"; do
   if ! ASAN_OPTIONS=detect_leaks=1 "$exe" -max_total_time="$seconds" -rss_limit_mb=2048 \
        -max_len=65536 -artifact_prefix="$dir/$t-" -print_final_stats=1 "$work" 2>"$dir/$t.log"; then
     tail -n 60 "$dir/$t.log"; status=1
+    echo "== fuzz target $t failed (log: $dir/$t.log)"
   else
     grep -E 'stat::number_of_executed_units' "$dir/$t.log" | sed "s/^/  $t /"
   fi

@@ -39,6 +39,9 @@ run_suite() {
     passed=$((passed + total - nfail))
     failed=$((failed + nfail))
     [ "$nfail" -eq 0 ] || status=1
+    # Name the failures again where the end of a long log shows them.
+    while IFS= read -r t; do summaries+=("  failed in $dir: $t"); done \
+      < <(sed -n '/The following tests FAILED:/,$p' "$log" | grep -E '^[[:space:]]+[0-9]+ - ' | sed -E 's/^[[:space:]]+//')
   fi
   rm -f "$log"
 }
@@ -77,11 +80,12 @@ else
 fi
 
 if command -v clang++ >/dev/null 2>&1; then
-  if ./scripts/fuzz.sh "${DS_FUZZ_SECONDS:-20}"; then
-    summaries+=("fuzz: all targets ran clean")
-  else
-    summaries+=("fuzz: a target failed"); status=1
-  fi
+  ./scripts/fuzz.sh "${DS_FUZZ_SECONDS:-20}"
+  case $? in
+    0) summaries+=("fuzz: all targets ran clean") ;;
+    2) summaries+=("fuzz: the targets did not build"); status=1 ;;
+    *) summaries+=("fuzz: a target failed"); status=1 ;;
+  esac
 fi
 
 echo
