@@ -49,6 +49,8 @@ SoftParts SplitSoft(std::string_view text, int mode) {
     return parts;
 }
 
+}  // namespace
+
 std::vector<std::string_view> BlankSeparatedPieces(std::string_view text) {
     std::vector<std::string_view> pieces;
     std::size_t at = 0;
@@ -63,8 +65,6 @@ std::vector<std::string_view> BlankSeparatedPieces(std::string_view text) {
     }
     return pieces;
 }
-
-}  // namespace
 
 std::string Between(std::string_view text, std::string_view open, std::string_view close) {
     if (text.empty() || open.empty() || close.empty()) {

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace QlValueStrings {
 
@@ -75,6 +76,8 @@ float ParseMagnify(std::string_view text);
 float ParseAspectRatio(std::string_view text);
 // The first integer in the unit of the last word; the height is not read.
 Value ParseScanSize(std::string_view text);
+// The pieces of a text between blanks, empty pieces dropped.
+std::vector<std::string_view> BlankSeparatedPieces(std::string_view text);
 // Three coefficients and an order from blank-separated pieces; all 0 unless
 // at least three pieces stand there.
 PlaneFit ParsePlaneFit(std::string_view text);

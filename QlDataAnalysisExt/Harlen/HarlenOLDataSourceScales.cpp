@@ -10,6 +10,7 @@
 #include "QlDataAnalysisExt/Harlen/HarlenNumbers.h"
 #include "QlDataAnalysisExt/Harlen/HarlenOLDataSource.h"
 #include "QlDataAnalysisExt/Harlen/HarlenValueTexts.h"
+#include "QlDataAnalysisExt/Quillon/QlScaleTexts.h"
 
 using HarlenNumbers::NarrowToFloat;
 
@@ -36,7 +37,7 @@ void HarlenOLDataSource::SetZSensitivity(unsigned channel, double value, std::st
     const UValue sensitivity(value, UnitNamed(units));
     item->SetZScaleInSwUnits(NarrowToFloat(OLDataItem::MultiplyBySensitivity(hard, sensitivity).GetValue()));
     item->SetSensitivityText(
-        HarlenValueTexts::RewriteSensitivityText(item->GetSensitivityText(), static_cast<float>(value), units));
+        QlScaleTexts::WithSensitivity(item->GetSensitivityText(), static_cast<float>(value), units));
     item->SetZSensitivitySoftScale(value);
     item->SetZSensitivityUnits(std::move(units));
     item->ResetForceZOffsetSensitivity();

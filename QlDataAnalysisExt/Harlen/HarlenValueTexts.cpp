@@ -3,8 +3,6 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
-#include <locale>
-#include <sstream>
 
 #include "Include/Infrastructure/OrxCore/UnitizedValue.h"
 #include "Parm/UnitVocabulary.h"
@@ -97,19 +95,6 @@ OLDateTime ParseDateTime(const std::string& text) {
     result.daylight = -1;
     result.valid = read >= 6;
     return result;
-}
-
-std::string RewriteSensitivityText(std::string_view text, float value, const std::string& unit) {
-    const auto numberAt = text.find("V ");
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << (numberAt == std::string_view::npos ? std::string_view() : text.substr(0, numberAt)) << "V " << value << ' '
-        << unit;
-    const std::string oldUnit = QlValueStrings::AfterLast(text, " ");
-    if (oldUnit.size() >= 2 && oldUnit.compare(oldUnit.size() - 2, 2, "/V") == 0) {
-        out << "/V";
-    }
-    return out.str();
 }
 
 std::string StandardUnitName(const std::string& unit) {

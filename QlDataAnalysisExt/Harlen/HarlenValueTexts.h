@@ -43,11 +43,6 @@ std::vector<std::string> SplitAtCommas(std::string_view text);
 // readers of these files have come to rely on that.
 OLDateTime ParseDateTime(const std::string& text);
 
-// A sensitivity text with a new value and unit: what stands before "V "
-// stays, then "V ", the value, a blank and the unit, with "/V" behind it when
-// the old unit had that tail.
-std::string RewriteSensitivityText(std::string_view text, float value, const std::string& unit);
-
 // The name of the standard unit of a unit's kind ("nm" gives "Meters"); the
 // text itself when it names no unit.
 std::string StandardUnitName(const std::string& unit);

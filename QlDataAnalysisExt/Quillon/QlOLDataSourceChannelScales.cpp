@@ -96,7 +96,7 @@ void QlOLDataSource::readZScale(const QlSectionReader& s, OLDataItemLoadRecord& 
 // "Z scale" of the files before the prefixed keys: the scale follows from the
 // controller's ranges, the microscope's sensitivities and the data name.
 float QlOLDataSource::readLegacyZScale(const std::string& text, OLDataItemLoadRecord& r) const {
-    const std::vector<std::string> pieces = QlSectionReader::Pieces(text);
+    const std::vector<std::string_view> pieces = QlValueStrings::BlankSeparatedPieces(text);
     double z = 0.0;
     if (pieces.size() == 4) {
         ReadNumber(pieces[1], z);

@@ -245,7 +245,7 @@ void QlOLDataSource::readEcChannel(const QlSectionReader& s, OLDataItemLoadRecor
         if (!s.Text(range.key, text)) {
             continue;
         }
-        const std::vector<std::string> pieces = QlSectionReader::Pieces(text);
+        const std::vector<std::string_view> pieces = QlValueStrings::BlankSeparatedPieces(text);
         if (pieces.size() > 2) {
             this->*range.target = 0.0;
             QlValueStrings::ReadNumber(pieces[2], this->*range.target);

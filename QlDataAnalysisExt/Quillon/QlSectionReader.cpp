@@ -111,18 +111,3 @@ void QlSectionReader::ScanPair(const std::string& text, int& first, int& second)
         second = static_cast<int>(std::clamp<long long>(b, INT_MIN, INT_MAX));
     }
 }
-
-std::vector<std::string> QlSectionReader::Pieces(const std::string& text) {
-    std::vector<std::string> pieces;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const std::size_t start = text.find_first_not_of(' ', at);
-        if (start == std::string::npos) {
-            break;
-        }
-        const std::size_t end = std::min(text.find(' ', start), text.size());
-        pieces.push_back(text.substr(start, end - start));
-        at = end;
-    }
-    return pieces;
-}

@@ -69,8 +69,6 @@ public:
     static std::int64_t AtoI64(const std::string& text);
     // sscanf(text, "%d %d"): each number that reads replaces its initial value.
     static void ScanPair(const std::string& text, int& first, int& second);
-    // The pieces of a text between blanks, empty pieces dropped.
-    static std::vector<std::string> Pieces(const std::string& text);
 
 private:
     DataContainerPtr section_;
