@@ -7,8 +7,10 @@
 #include <limits>
 
 #include "Harlen/HarlenTestSupport.h"
+#include "support/LogCapture.h"
 
 using namespace HarlenTest;
+using TestSupport::LogCapture;
 using Orx::DataCore::FloatMatrix;
 using Orx::DataCore::FloatMatrixVector;
 

@@ -9,8 +9,10 @@
 #include "DataSourceDll/DataSourceDll.h"
 #include "DataSourceDll/DataSourceDllState.h"
 #include "Harlen/HarlenTestSupport.h"
+#include "support/TempFolder.h"
 
 using namespace HarlenTest;
+using TestSupport::TempFolder;
 
 namespace {
 

@@ -6,8 +6,10 @@
 #include <cmath>
 
 #include "Harlen/HarlenTestSupport.h"
+#include "support/LogCapture.h"
 
 using namespace HarlenTest;
+using TestSupport::LogCapture;
 using Orx::DataCore::FloatMatrix;
 using Orx::DataCore::FloatMatrixVector;
 

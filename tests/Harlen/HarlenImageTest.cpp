@@ -8,8 +8,10 @@
 #include <limits>
 
 #include "Harlen/HarlenTestSupport.h"
+#include "support/LogCapture.h"
 
 using namespace HarlenTest;
+using TestSupport::LogCapture;
 
 namespace {
 

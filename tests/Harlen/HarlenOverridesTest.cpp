@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "Harlen/HarlenTestSupport.h"
+#include "support/MessageCapture.h"
 #include "QlDataAnalysisExt/Core/UnitHelpers.h"
 
 using namespace HarlenTest;
+using TestSupport::MessageCapture;
 
 TEST(HarlenOverridesTest, DatesAreAlwaysInTheTwelfthMonth) {
     struct Case {

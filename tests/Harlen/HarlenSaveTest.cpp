@@ -9,9 +9,18 @@
 
 #include "Harlen/HarlenTestSupport.h"
 #include "Platform/FileSystem.h"
-#include "Platform/MemoryProbe.h"
+#include "support/LogCapture.h"
+#include "support/MessageCapture.h"
+#include "support/ProbeFailure.h"
+#include "support/TempFolder.h"
+#include "support/UnprivilegedScope.h"
 
 using namespace HarlenTest;
+using TestSupport::LogCapture;
+using TestSupport::MessageCapture;
+using TestSupport::ProbeFailure;
+using TestSupport::TempFolder;
+using TestSupport::UnprivilegedScope;
 using Orx::DataCore::DataFile;
 
 namespace fs = std::filesystem;
@@ -71,12 +80,6 @@ struct ImageOnDisk {
         HarlenBuilder::Image(4, 4).Write(path.string());
         source = OpenPath(path.string());
     }
-};
-
-class ProbeFailure {
-public:
-    ProbeFailure() { Orx::Core::SetMemoryProbeFailureForTesting(true); }
-    ~ProbeFailure() { Orx::Core::SetMemoryProbeFailureForTesting(false); }
 };
 
 }  // namespace

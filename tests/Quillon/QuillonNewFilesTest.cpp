@@ -2,6 +2,7 @@
 // force volume as a force file, and one channel as a file of its own.
 
 #include "Quillon/QuillonSaveSupport.h"
+#include "support/LogCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ TEST(QuillonNewFilesTest, FileThatCannotBeMadeIsLoggedAndLeftAlone) {
     QuillonBuilder file("FVOL");
     const FileOnDisk disk("force_set_locked", file);
     const fs::path nowhere = disk.folder / "missing folder" / "curves.spm";
-    HarlenTest::LogCapture log;
+    TestSupport::LogCapture log;
     EXPECT_FALSE(disk.source->SaveForceCurveSet(0, nowhere.string()));
     EXPECT_FALSE(disk.source->SaveChannelAs(0, nowhere.string(), false));
     ASSERT_EQ(log.lines.size(), 2u);

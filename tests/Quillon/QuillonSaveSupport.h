@@ -4,12 +4,14 @@
 // written into a folder of its own, sources opened as the library opens them,
 // the sections of a saved file, and what a save must leave as it was.
 
-#include "Harlen/HarlenTestSupport.h"
 #include "Quillon/QuillonTestSupport.h"
+#include "support/MessageCapture.h"
+#include "support/ProbeFailure.h"
+#include "support/TempFolder.h"
+#include "support/UnprivilegedScope.h"
 
 #include "Platform/DataCore/ContainerValue.h"
 #include "Platform/DataCore/DataContainer.h"
-#include "Platform/MemoryProbe.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +22,9 @@
 
 namespace QuillonSave {
 
-using HarlenTest::MessageCapture;
-using HarlenTest::UnprivilegedScope;
+using TestSupport::MessageCapture;
+using TestSupport::ProbeFailure;
+using TestSupport::UnprivilegedScope;
 using QuillonTest::QuillonBuilder;
 namespace fs = std::filesystem;
 
@@ -52,7 +55,7 @@ inline std::shared_ptr<Source> OpenPath(const fs::path& path, ICreateColorTableC
 }
 
 // A fresh folder for one test; the name keeps tests of other rooms apart.
-inline fs::path Folder(const std::string& name) { return HarlenTest::TempFolder("quillon_" + name); }
+inline fs::path Folder(const std::string& name) { return TestSupport::TempFolder("quillon_" + name); }
 
 // A builder's file written into its own folder and opened from there.
 struct FileOnDisk {
@@ -155,14 +158,5 @@ inline void ExpectSameSource(Source& a, Source& b) {
         EXPECT_EQ(tableB, tableA);
     }
 }
-
-// Fails the probe of a save's memory while it lives.
-class ProbeFailure {
-public:
-    ProbeFailure() { Orx::Core::SetMemoryProbeFailureForTesting(true); }
-    ~ProbeFailure() { Orx::Core::SetMemoryProbeFailureForTesting(false); }
-    ProbeFailure(const ProbeFailure&) = delete;
-    ProbeFailure& operator=(const ProbeFailure&) = delete;
-};
 
 }  // namespace QuillonSave
