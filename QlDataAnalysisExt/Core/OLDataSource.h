@@ -16,6 +16,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -514,6 +515,11 @@ public:
     void ProbeSaveMemory() const;
 
 protected:
+    // Runs a save's writers; when they throw, what they changed on the way
+    // (the channels' offsets and lengths, the file's data length, the dirty
+    // marks) is put back before the exception goes on.
+    bool RestoringOnFailure(const std::function<bool()>& save);
+
     // The item at a channel index. An index beyond the table reads a neutral
     // default item and writes nothing: a wrong channel number from a caller
     // never reaches memory outside the table.

@@ -19,10 +19,7 @@ void OLDataSource::ProbeSaveMemory() const {
     Orx::Core::ProbeMemory(blocks);
 }
 
-bool OLDataSource::SaveAs(const std::string& path, bool flag) {
-    // A failed save leaves the source as it was: what the writers change on
-    // the way (offsets, lengths, dirty marks) is put back. The copy is taken
-    // inside the guard, so that not even its memory can make SaveAs throw.
+bool OLDataSource::RestoringOnFailure(const std::function<bool()>& save) {
     auto marks = [this] {
         return std::tie(linesChanged, samplesChanged, rotationChanged, channelLinesChanged, channelSamplesChanged);
     };
@@ -34,30 +31,42 @@ bool OLDataSource::SaveAs(const std::string& path, bool flag) {
     std::optional<Kept> kept;
     try {
         kept.emplace(Kept{items, dataLength, marks()});
-        ProbeSaveMemory();
-        DataFilePtr file = CreateDataFile(path);
-        if (!file) {
-            Orx::Core::LogManager::Instance()
-                .GetLogger("DataAnalysis.OLDataSource")
-                ->Log(2, "OLDataSource::SaveAs DataFile::Open failed");
-            return false;
-        }
-        if (!file->IsOpen()) {
-            Orx::Core::ShowUserMessage("Unable to modify this file, please save to another name.");
-            return false;
-        }
-        if (dataFile) {
-            file->CopyFrom(*dataFile);
-        }
-        WriteDataFile(file, flag);
-        file->Close();
-        return true;
+        return save();
     } catch (...) {
         if (kept) {
             items = std::move(kept->items);
             dataLength = kept->dataLength;
             marks() = kept->marks;
         }
+        throw;
+    }
+}
+
+bool OLDataSource::SaveAs(const std::string& path, bool flag) {
+    // A failed save leaves the source as it was. The copy that makes it so is
+    // taken inside the guard, so that not even its memory can make SaveAs throw.
+    try {
+        return RestoringOnFailure([&] {
+            ProbeSaveMemory();
+            DataFilePtr file = CreateDataFile(path);
+            if (!file) {
+                Orx::Core::LogManager::Instance()
+                    .GetLogger("DataAnalysis.OLDataSource")
+                    ->Log(2, "OLDataSource::SaveAs DataFile::Open failed");
+                return false;
+            }
+            if (!file->IsOpen()) {
+                Orx::Core::ShowUserMessage("Unable to modify this file, please save to another name.");
+                return false;
+            }
+            if (dataFile) {
+                file->CopyFrom(*dataFile);
+            }
+            WriteDataFile(file, flag);
+            file->Close();
+            return true;
+        });
+    } catch (...) {
         Orx::Core::ShowUserMessage("Cannot save as another file, out of memory. ");
         return false;
     }

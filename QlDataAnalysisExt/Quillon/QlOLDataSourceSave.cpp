@@ -215,14 +215,18 @@ bool QlOLDataSource::saveNewFile(const std::string& path, const char* operation,
                                  const std::function<void(const DataFilePtr&)>& fill) {
     return withFileSamples([&] {
         try {
-            const DataFilePtr file = CreateDataFile(path);
-            if (!file || !file->IsOpen()) {
-                LogOpenFailure();
-                return false;
-            }
-            fill(file);
-            file->Close();
-            return true;
+            // The writers set this source's offsets and lengths for the new
+            // file; a file that is not written leaves them as they were.
+            return RestoringOnFailure([&] {
+                const DataFilePtr file = CreateDataFile(path);
+                if (!file || !file->IsOpen()) {
+                    LogOpenFailure();
+                    return false;
+                }
+                fill(file);
+                file->Close();
+                return true;
+            });
         } catch (const std::exception& e) {
             Orx::Core::LogManager::Instance()
                 .GetLogger("DataAnalysis.QlOLDataSource")
