@@ -1,26 +1,17 @@
 #pragma once
 
 #include "Platform/FileSystem.h"
+#include "support/TestTempPath.h"
 
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 // Paths and bytes of the files the DataCore tests write.
 namespace DataCoreTest {
 
-// Under the folder the test runner names, or a folder of its own under the
-// system's temporary folder.
-inline std::string TempPath(const std::string& name) {
-    const char* base = std::getenv("DS_TEST_TMP");
-    std::filesystem::path dir = base != nullptr && *base != '\0'
-                                    ? std::filesystem::path(base)
-                                    : std::filesystem::temp_directory_path() / "ds_datacore_tests";
-    std::filesystem::create_directories(dir);
-    return (dir / name).string();
-}
+// In the test's own folder (see TestTempPath).
+inline std::string TempPath(const std::string& name) { return TestTempPath(name); }
 
 inline std::vector<std::uint8_t> ReadBytes(const std::string& path) {
     std::vector<std::uint8_t> bytes;
