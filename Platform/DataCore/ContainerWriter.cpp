@@ -103,7 +103,9 @@ void render(const Node& node, std::size_t depth, const std::vector<Block>& block
         if (!text.empty()) {
             out += " " + text;
         }
-        out += "\n";
+        // A reader drops one carriage return before the line feed, so a kept
+        // value text that ends in one is given a second to lose.
+        out += out.back() == '\r' ? "\r\n" : "\n";
     }
     for (const auto& child : node.children) {
         out += indent + "section " + ContainerText::Quote(child.section->GetName()) + "\n";
