@@ -8,18 +8,14 @@
 #   scripts/fuzz-campaign.sh [SECONDS] [TARGET...]
 set -uo pipefail
 cd "$(dirname "$0")/.."
+source scripts/fuzz-common.sh
 seconds=${1:-600}; shift || true
-dir=build/fuzz
+dir=$fuzz_dir
 out=build/fuzz-campaign
-mkdir -p build "$out"
-CC=clang CXX=clang++ cmake -S . -B "$dir" -G Ninja -DDS_FUZZ=ON -DCMAKE_BUILD_TYPE=Debug >"$dir.configure.log" 2>&1 \
-  || { cat "$dir.configure.log"; exit 2; }
-cmake --build "$dir" -j "$(nproc)" || exit 2
+mkdir -p "$out"
+fuzz_build || exit 2
 
-targets=("$@")
-if [ ${#targets[@]} -eq 0 ]; then
-  for t in fuzz/*/; do targets+=("$(basename "$t")"); done
-fi
+fuzz_targets "$@"
 status=0
 printf '%-18s %12s %8s %8s %9s %8s %s\n' target executions seconds edges features corpus findings
 for t in "${targets[@]}"; do

@@ -3,17 +3,12 @@
 # of its seed corpus. Usage: scripts/fuzz.sh [SECONDS] [TARGET...]
 set -uo pipefail
 cd "$(dirname "$0")/.."
+source scripts/fuzz-common.sh
 seconds=${1:-20}; shift || true
-dir=build/fuzz
-mkdir -p build
-CC=clang CXX=clang++ cmake -S . -B "$dir" -G Ninja -DDS_FUZZ=ON -DCMAKE_BUILD_TYPE=Debug >"$dir.configure.log" 2>&1 \
-  || { cat "$dir.configure.log"; echo "== fuzz build failed"; exit 2; }
-cmake --build "$dir" -j "$(nproc)" || { echo "== fuzz build failed"; exit 2; }
+dir=$fuzz_dir
+fuzz_build || exit 2
 
-targets=("$@")
-if [ ${#targets[@]} -eq 0 ]; then
-  for t in fuzz/*/; do targets+=("$(basename "$t")"); done
-fi
+fuzz_targets "$@"
 status=0
 for t in "${targets[@]}"; do
   exe="$dir/fuzz/fuzz_$t"

@@ -73,22 +73,22 @@ void TefWalker::ReadPixels(std::size_t index, TefChannelSection& section)
     // Nothing is allocated for pixels that the file does not hold, with one
     // allowance: a file rewritten to its stated size lacks up to six bytes of
     // its last pixels, which read as zero bytes.
-    const std::uint64_t missing = section.dataSize > reader_.Remaining() ? section.dataSize - reader_.Remaining() : 0;
-    if (missing > TefFormat::kRewriteLoss)
+    const std::uint64_t held = std::min<std::uint64_t>(section.dataSize, reader_.Remaining());
+    if (section.dataSize - held > TefFormat::kRewriteLoss)
         throw std::runtime_error(TefFormat::Message::kUnexpectedEnd);
-    if (missing > 0) {
+    // Sections lie one behind the other, so together they fit in the file,
+    // each with its head, image block and pixels. Header lengths that lead
+    // back would read the same bytes again, and empty images would do so
+    // once for every channel the head claims.
+    sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + held;
+    if (sectionBytesRead_ > reader_.Size())
+        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
+    if (held < section.dataSize) {
         ReadShortPixels(index, section, count);
         return;
     }
     const std::size_t start = reader_.Position();
     const auto end = static_cast<std::int64_t>(start + section.dataSize);
-    // Sections lie one behind the other, so together they fit in the file,
-    // each with its head, image block and pixels. Header lengths that lead
-    // back would read the same bytes again, and empty images would do so
-    // once for every channel the head claims.
-    sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + section.dataSize;
-    if (sectionBytesRead_ > reader_.Size())
-        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
     if (count == 0) {
         reader_.Seek(end);
         return;
@@ -132,9 +132,6 @@ void TefWalker::CountPixelStore(std::size_t index, TefChannelSection& section)
 void TefWalker::ReadShortPixels(std::size_t index, TefChannelSection& section, std::size_t count)
 {
     const std::size_t have = reader_.Remaining();
-    sectionBytesRead_ += TefFormat::kSectionHeadSize + TefFormat::kImageBlockSize + have;
-    if (sectionBytesRead_ > reader_.Size())
-        throw std::runtime_error(TefFormat::Message::kImageDataOverlaps);
     std::vector<std::uint8_t> whole(static_cast<std::size_t>(section.dataSize), 0);
     const std::uint8_t* bytes = reader_.Take(have);
     std::copy(bytes, bytes + have, whole.begin());

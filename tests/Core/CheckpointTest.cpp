@@ -3,6 +3,7 @@
 
 #include "Core/ForeignItem.h"
 #include "Core/ItemRecordBytes.h"
+#include "support/FileBytes.h"
 #include "support/MemoryDataSource.h"
 #include "support/TestTempPath.h"
 
@@ -54,11 +55,7 @@ void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) 
     Orx::Core::WriteFileAtomically(path, bytes.data(), bytes.size());
 }
 
-std::vector<std::uint8_t> ReadFile(const std::string& path) {
-    std::vector<std::uint8_t> bytes;
-    Orx::Core::ReadWholeFile(path, bytes);
-    return bytes;
-}
+std::vector<std::uint8_t> ReadFile(const std::string& path) { return TestSupport::BytesOf(path); }
 
 }  // namespace
 

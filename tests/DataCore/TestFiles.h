@@ -2,6 +2,7 @@
 
 #include "Platform/FileSystem.h"
 #include "support/TestTempPath.h"
+#include "support/FileBytes.h"
 
 #include <cstdint>
 #include <string>
@@ -13,11 +14,7 @@ namespace DataCoreTest {
 // In the test's own folder (see TestTempPath).
 inline std::string TempPath(const std::string& name) { return TestTempPath(name); }
 
-inline std::vector<std::uint8_t> ReadBytes(const std::string& path) {
-    std::vector<std::uint8_t> bytes;
-    Orx::Core::ReadWholeFile(path, bytes);
-    return bytes;
-}
+inline std::vector<std::uint8_t> ReadBytes(const std::string& path) { return TestSupport::BytesOf(path); }
 
 inline void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     Orx::Core::WriteFileAtomically(path, bytes.data(), bytes.size());

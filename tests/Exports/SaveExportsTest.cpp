@@ -4,6 +4,7 @@
 #include "Exports/ExportsTestSupport.h"
 
 #include "Platform/FileSystem.h"
+#include "support/FileBytes.h"
 #include "Platform/UserMessage.h"
 #include "support/TestTempPath.h"
 #include "tools/samplekit/TefBuilder.h"
@@ -46,11 +47,7 @@ protected:
         ASSERT_EQ(DataSourceDllOpen(original.data()), 1);
     }
 
-    static std::vector<std::uint8_t> Bytes(const std::string& path) {
-        std::vector<std::uint8_t> bytes;
-        Orx::Core::ReadWholeFile(path, bytes);
-        return bytes;
-    }
+    static std::vector<std::uint8_t> Bytes(const std::string& path) { return TestSupport::BytesOf(path); }
 
     std::string original;
     std::vector<std::string> messages;

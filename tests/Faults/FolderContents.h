@@ -4,6 +4,7 @@
 // failed save left no partial target, no temporary file and no changed byte.
 
 #include "Platform/FileSystem.h"
+#include "support/FileBytes.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -15,11 +16,7 @@ namespace Faults {
 
 using FolderContents = std::map<std::string, std::vector<std::uint8_t>>;
 
-inline std::vector<std::uint8_t> BytesOf(const std::filesystem::path& path) {
-    std::vector<std::uint8_t> bytes;
-    Orx::Core::ReadWholeFile(path.string(), bytes);
-    return bytes;
-}
+using TestSupport::BytesOf;
 
 // Files by their path under root; a folder is listed with a trailing slash
 // and no bytes, so that an empty one counts too.

@@ -4,6 +4,7 @@
 #include "Quillon/QuillonSaveSupport.h"
 
 #include "Platform/FileSystem.h"
+#include "support/FileBytes.h"
 #include "QlDataAnalysisExt/ColorTables/ICreateColorTableCallback.h"
 #include "QlDataAnalysisExt/FileAccess/ValueStrings.h"
 
@@ -33,11 +34,7 @@ QuillonBuilder InMicrons(const std::string& subtype) {
     return file;
 }
 
-std::vector<std::uint8_t> BytesOf(const fs::path& path) {
-    std::vector<std::uint8_t> bytes;
-    Orx::Core::ReadWholeFile(path.string(), bytes);
-    return bytes;
-}
+using TestSupport::BytesOf;
 
 // What a failed save must leave as it was.
 struct SourceState {
